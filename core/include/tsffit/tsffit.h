@@ -1,0 +1,9 @@
+#ifndef TSFFIT_TSFFIT_H_
+#define TSFFIT_TSFFIT_H_
+
+// Fitting and forecasting with the embedded core.
+
+#include <tsffit/Forecast.h>
+#include <tsffit/Smoothing.h>
+
+#endif  // TSFFIT_TSFFIT_H_

@@ -1,0 +1,50 @@
+#include "support/FailingAllocation.h"
+
+#include <cstdlib>
+
+namespace {
+
+thread_local long failFrom = 0;
+thread_local long allocations = 0;
+thread_local long liveBlocks = 0;
+
+void* Allocate(std::size_t size, std::size_t alignment) {
+  ++allocations;
+  if (failFrom > 0 && allocations >= failFrom) throw std::bad_alloc();
+  const std::size_t rounded = (size + alignment - 1) / alignment * alignment;
+  void* block = alignment <= alignof(std::max_align_t)
+                    ? std::malloc(size == 0 ? 1 : size)
+                    : std::aligned_alloc(alignment, rounded == 0 ? alignment : rounded);
+  if (block == nullptr) throw std::bad_alloc();
+  ++liveBlocks;
+  return block;
+}
+
+void Free(void* block) noexcept {
+  if (block == nullptr) return;
+  --liveBlocks;
+  std::free(block);
+}
+
+}  // namespace
+
+namespace test {
+
+void FailAllocationsFrom(long n) {
+  failFrom = n;
+  allocations = 0;
+}
+
+long AllocationCount() { return allocations; }
+long LiveBlocks() { return liveBlocks; }
+
+}  // namespace test
+
+void* operator new(std::size_t size) { return Allocate(size, alignof(std::max_align_t)); }
+void* operator new(std::size_t size, std::align_val_t alignment) {
+  return Allocate(size, static_cast<std::size_t>(alignment));
+}
+void operator delete(void* block) noexcept { Free(block); }
+void operator delete(void* block, std::size_t) noexcept { Free(block); }
+void operator delete(void* block, std::align_val_t) noexcept { Free(block); }
+void operator delete(void* block, std::size_t, std::align_val_t) noexcept { Free(block); }

@@ -1,0 +1,57 @@
+#ifndef TSXPORT_TESTS_SUPPORT_FAILINGALLOCATION_H_
+#define TSXPORT_TESTS_SUPPORT_FAILINGALLOCATION_H_
+
+#include <gtest/gtest.h>
+#include <new>
+
+// Makes operator new of this thread fail on purpose, and counts what is allocated. Linking this
+// replaces the global operator new of the test program.
+namespace test {
+
+// From now on the `n`-th allocation of this thread (1 is the next one) and all later ones throw
+// std::bad_alloc; 0 lets all succeed again.
+void FailAllocationsFrom(long n);
+
+// Allocations of this thread since FailAllocationsFrom() was last called, and blocks of this
+// thread that are alive (allocated here minus freed here, since the program began).
+long AllocationCount();
+long LiveBlocks();
+
+// Runs `action` again and again, failing its 1st, 2nd, 3rd ... allocation in turn, until it runs
+// through. Each failure must come out as std::bad_alloc; `afterFailure` then checks what is left.
+// `action` must start from fresh state each time and free all it makes: no run, failed or not,
+// may change the number of live blocks.
+template <typename Action, typename AfterFailure>
+void WithEveryAllocationFailing(Action action, AfterFailure afterFailure) {
+  action();  // first run untouched: static buffers, locales and the like come into being
+  for (long n = 1;; ++n) {
+    const long before = LiveBlocks();
+    bool failed = false;
+    FailAllocationsFrom(n);
+    try {
+      action();
+    } catch (const std::bad_alloc&) {
+      failed = true;
+    }
+    const bool ranThrough = AllocationCount() < n;
+    FailAllocationsFrom(0);
+    EXPECT_EQ(LiveBlocks(), before) << "leak when allocation " << n << " fails";
+    if (ranThrough) {
+      EXPECT_FALSE(failed);
+      EXPECT_GT(n, 1) << "the action allocates nothing, so nothing was tested";
+      return;
+    }
+    EXPECT_TRUE(failed) << "allocation " << n << " failed in silence";
+    afterFailure();
+    if (testing::Test::HasFailure()) return;
+  }
+}
+
+template <typename Action>
+void WithEveryAllocationFailing(Action action) {
+  WithEveryAllocationFailing(action, [] {});
+}
+
+}  // namespace test
+
+#endif  // TSXPORT_TESTS_SUPPORT_FAILINGALLOCATION_H_
