@@ -1,0 +1,23 @@
+#include "xml/ElementPtr.h"
+
+#include "xml/NodeAccess.h"
+
+namespace tsx {
+
+using TIMESERIESXML::XMLElement;
+using TIMESERIESXML::XMLString;
+
+ElementPtr MakeElement(std::string_view name) { return ElementPtr(NodeAccess::NewElement(name)); }
+
+void Append(XMLElement& parent, ElementPtr child) {
+  parent.AddElement(child.get());  // may throw: child still owns it
+  child.release();                 // the parent has it now
+}
+
+void AppendText(XMLElement& parent, std::string_view text) {
+  std::unique_ptr<XMLString> string(NodeAccess::NewString(text));
+  parent.AddElement(string.get());
+  string.release();
+}
+
+}  // namespace tsx

@@ -1,0 +1,99 @@
+#include "xml/Output.h"
+
+#include <algorithm>
+
+namespace tsx {
+
+void WriteBytes(std::ostream& os, std::string_view bytes) {
+  if (bytes.empty()) return;
+  // Such a stream flushes itself or another one at every operation, and may fail at it.
+  if (os.tie() != nullptr || (os.flags() & std::ios_base::unitbuf) != 0) {
+    for (const char c : bytes) os.put(c);
+    return;
+  }
+  // A refused byte makes the stream bad, and a byte after that makes it fail too. Putting the last
+  // byte by itself gets both right, since write() does not tell how far it came.
+  os.write(bytes.data(), static_cast<std::streamsize>(bytes.size() - 1));
+  os.put(bytes.back());
+}
+
+void Output::HandOn(std::string_view bytes) {
+  if (string_ != nullptr) {
+    string_->append(bytes);
+  } else {
+    WriteBytes(*stream_, bytes);
+  }
+}
+
+void Output::AppendTabs(int count) {
+  constexpr std::string_view kTabs = "\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t";
+  for (; count > 0; count -= static_cast<int>(kTabs.size())) {
+    Append(kTabs.substr(0, static_cast<std::size_t>(count)));
+  }
+}
+
+void Output::Flush() {
+  EndPiece();
+  const std::string_view gathered(begin_, static_cast<std::size_t>(next_ - begin_));
+  piece_ = next_ = begin_;
+  HandOn(gathered);
+}
+
+bool Output::MakeRoom(std::string_view bytes) {
+  if (converter_ != nullptr) {
+    FlushPieces();
+    if (bytes.size() > Room()) Grow(static_cast<std::size_t>(next_ - begin_) + bytes.size());
+    return true;
+  }
+  Flush();
+  if (bytes.size() <= Room()) return true;
+  HandOn(bytes);
+  return false;
+}
+
+// Hands on the finished pieces and moves the unfinished one to the front.
+void Output::FlushPieces() {
+  const auto unfinished = static_cast<std::size_t>(next_ - piece_);
+  const std::string_view gathered(begin_, static_cast<std::size_t>(piece_ - begin_));
+  HandOn(gathered);
+  std::memmove(begin_, piece_, unfinished);
+  piece_ = begin_;
+  next_ = begin_ + unfinished;
+}
+
+// To at least `size` bytes; all that is gathered is one unfinished piece.
+void Output::Grow(std::size_t size) {
+  const auto gathered = static_cast<std::size_t>(next_ - begin_);
+  const std::size_t capacity = std::max(size, 2 * static_cast<std::size_t>(end_ - begin_));
+  std::unique_ptr<char[]> grown(new char[capacity]);
+  std::memcpy(grown.get(), begin_, gathered);
+  large_ = std::move(grown);
+  piece_ = begin_ = large_.get();
+  next_ = begin_ + gathered;
+  end_ = begin_ + capacity;
+}
+
+void Output::ConvertPiece() {
+  const std::string_view piece(piece_, static_cast<std::size_t>(next_ - piece_));
+  if (!converter_->LeavesAlone(piece)) {
+    const std::string source(piece);
+    next_ = piece_;
+    const std::size_t maxSize = Utf8Converter::MaxSize(source.size());
+    if (maxSize > Room()) FlushPieces();
+    if (maxSize > Room()) Grow(maxSize);
+    next_ += converter_->Convert(source, next_);
+  }
+  piece_ = next_;
+}
+
+void Output::AppendNode(const TIMESERIESXML::XMLInterface& node,
+                        TIMESERIESXML::ExportFormat& format) {
+  Flush();
+  if (string_ != nullptr) {
+    node.ToString(*string_, format);
+  } else {
+    node.ToStream(*stream_, format, converter_ != nullptr);
+  }
+}
+
+}  // namespace tsx

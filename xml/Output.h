@@ -1,0 +1,78 @@
+#ifndef TSXPORT_XML_OUTPUT_H_
+#define TSXPORT_XML_OUTPUT_H_
+
+#include <cstddef>
+#include <cstring>
+#include <memory>
+#include <ostream>
+#include <string>
+#include <string_view>
+
+#include <tsxport/ExportFormat.h>
+#include <tsxport/XMLInterface.h>
+
+#include "xml/Utf8Converter.h"
+
+namespace tsx {
+
+// Puts bytes into a stream as if each went by os.put(): the same bytes reach the stream's buffer
+// and the same state is left, whatever that buffer refuses.
+void WriteBytes(std::ostream& os, std::string_view bytes);
+
+// Where a tree's text goes: a string, or a stream with or without conversion to UTF-8. Gathers
+// bytes and hands them on in blocks. Text is made of pieces, and only conversion minds where they
+// end.
+class Output {
+ public:
+  explicit Output(std::string& target) : string_(&target) {}
+  explicit Output(std::ostream& target) : stream_(&target) {}
+  Output(std::ostream& target, Utf8Converter& converter)
+      : stream_(&target), converter_(&converter) {}
+  Output(const Output&) = delete;
+  Output& operator=(const Output&) = delete;
+
+  void Append(std::string_view bytes) {
+    if (bytes.size() > Room() && !MakeRoom(bytes)) return;
+    std::memcpy(next_, bytes.data(), bytes.size());
+    next_ += bytes.size();
+  }
+
+  void Append(char c) { Append(std::string_view(&c, 1)); }
+  void AppendTabs(int count);
+
+  // What was appended since the last call is a piece of its own.
+  void EndPiece() {
+    if (converter_ != nullptr) ConvertPiece();
+  }
+
+  // Lets a node write itself through its virtual functions.
+  void AppendNode(const TIMESERIESXML::XMLInterface& node, TIMESERIESXML::ExportFormat& format);
+
+  // Hands on what is gathered. To be called last; the destructor does not, since it must not throw.
+  void Flush();
+
+ private:
+  std::size_t Room() const { return static_cast<std::size_t>(end_ - next_); }
+  // Makes Room() for `bytes`, or hands them on at once and returns false.
+  bool MakeRoom(std::string_view bytes);
+  void FlushPieces();
+  void Grow(std::size_t size);
+  void ConvertPiece();
+  void HandOn(std::string_view bytes);
+
+  static constexpr std::size_t kBlock = 4096;
+
+  std::string* string_ = nullptr;
+  std::ostream* stream_ = nullptr;
+  Utf8Converter* converter_ = nullptr;
+  std::unique_ptr<char[]> large_;  // in place of block_, for pieces longer than that
+  char block_[kBlock];
+  char* begin_ = block_;
+  char* piece_ = block_;  // where the unfinished piece begins; of use with a converter only
+  char* next_ = block_;
+  char* end_ = block_ + kBlock;
+};
+
+}  // namespace tsx
+
+#endif  // TSXPORT_XML_OUTPUT_H_
