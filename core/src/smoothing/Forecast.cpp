@@ -1,0 +1,144 @@
+#include <boost/math/distributions/normal.hpp>
+#include <cmath>
+
+#include <tsfcore/ESForecastState.h>
+#include <tsffit/Forecast.h>
+
+#include "smoothing/Recursion.h"
+#include "smoothing/Transform.h"
+
+namespace tsffit {
+
+namespace {
+
+// The final state in the terms of the recursion.
+struct Resumed {
+  KindTraits traits;
+  Gains gains;
+  Components components;
+  std::size_t phase = 0;
+};
+
+Resumed Resume(const ESForecastState& state) {
+  Resumed resumed;
+  const auto& smoothed = state.GetSmState();
+  const auto& estimates = state.GetParameterEstimates();
+  resumed.traits = TraitsOf(state.GetESModelSpec().GetKind());
+  resumed.gains = GainsOf(resumed.traits, {std::begin(estimates), estimates.size()});
+  resumed.components.level = smoothed.level;
+  resumed.components.trend = resumed.traits.trend ? smoothed.trend : 0;
+  if (resumed.traits.brown) resumed.components.level += smoothed.trend * (1 / estimates[0] - 1);
+  if (resumed.traits.season != Season::kNone) {
+    resumed.components.season.assign(std::begin(smoothed.season), std::end(smoothed.season));
+    resumed.phase = smoothed.phase;
+  }
+  return resumed;
+}
+
+bool CanResume(const ESForecastState& state) {
+  const ESModelSpec& spec = state.GetESModelSpec();
+  const bool seasonal = spec.GetParameterIndex(ESModelSpec::kSeason) >= 0;
+  const std::size_t values = state.GetSmState().season.size();
+  return IsSmoothingKind(spec.GetKind()) &&
+         state.GetParameterEstimates().size() >= spec.GetParameterCount(true) &&
+         (!seasonal || (values > 0 && state.GetSmState().phase < values));
+}
+
+// Trend lines q and seasonal values for 1 .. horizon periods ahead.
+struct Path {
+  std::vector<double> line;
+  std::vector<double> season;
+};
+
+Path PathOf(const Resumed& from, unsigned horizon) {
+  Path path;
+  double level = from.components.level;
+  double trend = from.components.trend;
+  std::size_t position = from.phase;
+  for (unsigned h = 0; h < horizon; ++h) {
+    trend *= from.gains.damping;
+    level += trend;
+    path.line.push_back(level);
+    if (from.components.season.empty()) continue;
+    path.season.push_back(from.components.season[position]);
+    position = (position + 1) % from.components.season.size();
+  }
+  return path;
+}
+
+double PointForecast(const Path& path, Season season, std::size_t h) {
+  if (season == Season::kNone) return path.line[h];
+  return season == Season::kAdditive ? path.line[h] + path.season[h]
+                                     : path.line[h] * path.season[h];
+}
+
+// What an error of 1 does to level and trend line `steps` periods later: gl + gt (phi + .. +
+// phi^steps).
+std::vector<double> LineResponses(const Gains& gains, unsigned horizon) {
+  std::vector<double> responses = {1};
+  double power = 1;
+  double sum = 0;
+  for (unsigned steps = 1; steps < horizon; ++steps) {
+    power *= gains.damping;
+    sum += power;
+    responses.push_back(gains.level + gains.trend * sum);
+  }
+  return responses;
+}
+
+// Variances of the forecast errors in units of the one-step error variance. Forecast.h has the
+// formulas.
+std::vector<double> RelativeVariances(const Resumed& from, const Path& path, unsigned horizon) {
+  const std::vector<double> line = LineResponses(from.gains, horizon);
+  const std::size_t length = from.components.season.size();
+  const bool ratios = from.traits.season == Season::kMultiplicative;
+  std::vector<double> variances;
+  double sum = 1;
+  for (std::size_t h = 0; h < horizon; ++h) {
+    if (ratios) sum = 1;
+    for (std::size_t steps = ratios ? 1 : h; steps <= h && steps > 0; ++steps) {
+      const std::size_t at = h - steps;
+      double response = line[steps] * (ratios ? path.season[h] / path.season[at] : 1);
+      if (length > 0 && steps % length == 0) {
+        response += from.gains.season * (ratios ? path.line[h] / path.line[at] : 1);
+      }
+      sum += response * response;
+    }
+    variances.push_back(sum);
+  }
+  return variances;
+}
+
+}  // namespace
+
+Forecasts Forecast(const TSFModel& model, unsigned horizon, double confidence) {
+  Forecasts forecasts;
+  const ForecastState* any = model.IsEmpty() ? nullptr : model.GetImp()->GetForecastState();
+  const auto* state = dynamic_cast<const ESForecastState*>(any);
+  if (state == nullptr || !CanResume(*state) || !(confidence > 0 && confidence < 1)) return {};
+
+  const Resumed from = Resume(*state);
+  const Path path = PathOf(from, horizon);
+  const std::vector<double> variances = RelativeVariances(from, path, horizon);
+  const double variance = model.GetImp()->GetEstimationInfo().GetErrorVariance();
+  const double width =
+      boost::math::quantile(boost::math::normal(), 0.5 + confidence / 2);
+  const int function = state->GetESModelSpec().GetYTransformSpec().GetFunctionType();
+  for (std::size_t h = 0; h < horizon; ++h) {
+    const double point = PointForecast(path, from.traits.season, h);
+    forecasts.value.push_back(Untransformed(function, point));
+    if (variance == MV::gMissingValue) {
+      forecasts.std_error.push_back(MV::gMissingValue);
+      forecasts.lower.push_back(MV::gMissingValue);
+      forecasts.upper.push_back(MV::gMissingValue);
+      continue;
+    }
+    const double error = std::sqrt(variance * variances[h]);
+    forecasts.std_error.push_back(error);
+    forecasts.lower.push_back(Untransformed(function, point - width * error));
+    forecasts.upper.push_back(Untransformed(function, point + width * error));
+  }
+  return forecasts;
+}
+
+}  // namespace tsffit

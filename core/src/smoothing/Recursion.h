@@ -1,0 +1,98 @@
+#ifndef TSFFIT_SMOOTHING_RECURSION_H_
+#define TSFFIT_SMOOTHING_RECURSION_H_
+
+#include <cstddef>
+#include <span>
+#include <vector>
+
+#include <tsfcore/MV.h>
+
+#include "smoothing/Kind.h"
+
+namespace tsffit {
+
+// Level, trend and seasonal values at one moment. `season` has one value per position of the
+// cycle; position 0 is that of the first case of the fit. Empty without a season.
+struct Components {
+  double level = 0;
+  double trend = 0;
+  std::vector<double> season;
+};
+
+// Least seasonal factor and least trend line (level + damping * trend) of a multiplicative model,
+// for a series of mean 1. Below them the ratios of the recursion lose their meaning.
+inline constexpr double kLeastSeasonFactor = 1e-6;
+inline constexpr double kLeastTrendLine = 1e-8;
+
+// One step of the error-correction form. With q = level + damping * trend and e = y - forecast:
+//   additive or no season: forecast q + S,  level' = q + gl e,        trend' = phi trend + gt e,
+//                          S' = S + gs e
+//   multiplicative:        forecast q S,    level' = q + gl e / S,    trend' = trend + gt e / S,
+//                          S' = S + gs e / q
+// Gardner (1985), table 1; the multiplicative form is that of Ord, Koehler and Snyder (1997),
+// "Estimation and prediction for a class of dynamic nonlinear statistical models", Journal of the
+// American Statistical Association 92: the factor is corrected by e / q, not by the new level.
+template <bool kTrend, Season kSeason>
+struct Step {
+  // False when a multiplicative model has left the region where its ratios mean something.
+  static bool Allows(double q, double s) {
+    if constexpr (kSeason == Season::kMultiplicative) {
+      return q > kLeastTrendLine && s > kLeastSeasonFactor;
+    }
+    return true;
+  }
+  static double TrendLine(const Components& c, const Gains& g) {
+    return kTrend ? c.level + g.damping * c.trend : c.level;
+  }
+  static double Forecast(double q, double s) {
+    if constexpr (kSeason == Season::kMultiplicative) return q * s;
+    return kSeason == Season::kNone ? q : q + s;
+  }
+  static void Correct(Components& c, const Gains& g, std::size_t position, double q, double e) {
+    double correction = e;
+    if constexpr (kSeason == Season::kMultiplicative) correction = e / c.season[position];
+    c.level = q + g.level * correction;
+    if constexpr (kTrend) c.trend = g.damping * c.trend + g.trend * correction;
+    if constexpr (kSeason == Season::kAdditive) c.season[position] += g.season * e;
+    if constexpr (kSeason == Season::kMultiplicative) c.season[position] += g.season * e / q;
+  }
+};
+
+// Walks `series` from `components` (left at the state after the last case) and tells
+// `onCase(case, forecast)` each one-step forecast. A missing case is passed over: its error counts
+// as 0. False, and stopped there, when a multiplicative model leaves its region.
+template <bool kTrend, Season kSeason, class OnCase>
+bool Walk(std::span<const double> series, const Gains& gains, Components& components,
+          OnCase&& onCase) {
+  using OneStep = Step<kTrend, kSeason>;
+  std::size_t position = 0;
+  for (std::size_t t = 0; t < series.size(); ++t) {
+    const double q = OneStep::TrendLine(components, gains);
+    const double s = kSeason == Season::kNone ? 0 : components.season[position];
+    if (!OneStep::Allows(q, s)) return false;
+    const double forecast = OneStep::Forecast(q, s);
+    onCase(t, forecast);
+    const double e = series[t] == MV::gMissingValue ? 0 : series[t] - forecast;
+    OneStep::Correct(components, gains, position, q, e);
+    if (kSeason != Season::kNone && ++position == components.season.size()) position = 0;
+  }
+  return true;
+}
+
+// Calls `f.template operator()<kTrend, kSeason>()` for the shape of `traits`.
+template <class F>
+decltype(auto) ForShape(const KindTraits& traits, F&& f) {
+  if (traits.season == Season::kMultiplicative) {
+    return f.template operator()<true, Season::kMultiplicative>();
+  }
+  if (traits.season == Season::kAdditive) {
+    return traits.trend ? f.template operator()<true, Season::kAdditive>()
+                        : f.template operator()<false, Season::kAdditive>();
+  }
+  return traits.trend ? f.template operator()<true, Season::kNone>()
+                      : f.template operator()<false, Season::kNone>();
+}
+
+}  // namespace tsffit
+
+#endif  // TSFFIT_SMOOTHING_RECURSION_H_

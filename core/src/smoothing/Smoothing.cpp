@@ -1,0 +1,189 @@
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <utility>
+
+#include <tsfcore/ESForecastState.h>
+#include <tsffit/Smoothing.h>
+
+#include "smoothing/Check.h"
+#include "smoothing/Scale.h"
+#include "smoothing/Search.h"
+#include "smoothing/StdErrors.h"
+#include "smoothing/Transform.h"
+#include "stats/FitStatistics.h"
+
+namespace tsffit {
+
+namespace {
+
+// The largest error, in units of the series, that rounding alone may leave: of the data, relative
+// to its largest value, and of the recursion on a series of unit size.
+double RoundingError(std::span<const double> series, double unit) {
+  double largest = 0;
+  for (const double y : series) {
+    if (y != MV::gMissingValue) largest = std::max(largest, std::abs(y));
+  }
+  return 1e-15 * largest / unit + 1e-14;
+}
+
+std::size_t CountObserved(std::span<const double> series) {
+  return series.size() -
+         static_cast<std::size_t>(std::count(series.begin(), series.end(), MV::gMissingValue));
+}
+
+// Differencing after which a kind's errors and its series are on the same, stationary scale.
+// Hyndman, Koehler, Ord and Snyder (2008), table 11.1; EstimationInfo.h lists it.
+Differencing DifferencingOf(const KindTraits& traits, std::size_t seasonLength) {
+  Differencing differencing;
+  const bool seasonal = traits.season != Season::kNone;
+  differencing.seasonal = seasonal ? 1 : 0;
+  differencing.season_length = seasonLength;
+  if (seasonal) {
+    differencing.regular = traits.trend ? 1 : 0;
+  } else {
+    differencing.regular = traits.trend && !traits.damped ? 2 : 1;
+  }
+  return differencing;
+}
+
+// What the recursion makes of the whole span at the solution.
+struct Replay {
+  std::vector<double> forecasts;  // modelled scale, one per case
+  Components final;
+};
+
+Replay ReplayAt(const SmoothingProblem& problem, const Eigen::VectorXd& parameters,
+                const Scale& scale) {
+  Replay replay;
+  replay.final = problem.StartAt(parameters);
+  const auto keep = [&](std::size_t, double forecast) {
+    replay.forecasts.push_back(scale.Up(forecast));
+  };
+  ForShape(problem.Traits(), [&]<bool kTrend, Season kSeason>() {
+    return Walk<kTrend, kSeason>(problem.Series(), problem.GainsAt(parameters), replay.final, keep);
+  });
+  NormaliseSeason(replay.final, problem.Traits().season);
+  replay.final = scale.Up(std::move(replay.final), problem.Traits().season);
+  return replay;
+}
+
+ESForecastState::SmState Exported(const KindTraits& traits, const Components& c,
+                                  double levelWeight, std::size_t cases) {
+  ESForecastState::SmState state;
+  state.level = c.level;
+  state.trend = c.trend;
+  if (traits.brown) state.level -= c.trend * (1 - levelWeight) / levelWeight;
+  if (!c.season.empty()) {
+    state.season = std::valarray<double>(c.season.data(), c.season.size());
+    state.phase = cases % c.season.size();
+  }
+  return state;
+}
+
+// One fit over its span, from transformation to model.
+class Fitter {
+ public:
+  Fitter(std::span<const double> series, std::size_t first, const SmoothingOptions& options)
+      : series_(series),
+        first_(first),
+        observed_(series.subspan(first)),
+        options_(options),
+        traits_(TraitsOf(options.kind)),
+        season_length_(traits_.season == Season::kNone ? 1 : options.season_length),
+        modelled_(observed_.begin(), observed_.end()) {
+    for (double& y : modelled_) {
+      if (y != MV::gMissingValue) y = Transformed(options.function_type, y);
+    }
+    scale_ = ScaleOf(modelled_, traits_.season);
+    scaled_ = Scaled(modelled_, scale_);
+  }
+
+  void Run(SmoothingFit& fit) const {
+    const SmoothingProblem problem(traits_, scaled_, season_length_);
+    SearchOptions search;
+    const double rounding = RoundingError(modelled_, scale_.unit);
+    search.exact_sse = rounding * rounding * static_cast<double>(CountObserved(observed_));
+    const SearchResult found = Search(problem, search);
+    const bool exact = found.summary.sse <= search.exact_sse;
+
+    Replay replay = ReplayAt(problem, found.parameters, scale_);
+    if (exact) TakeObserved(replay.forecasts);
+    fit.summary = {.sse = exact ? 0 : found.summary.sse * scale_.unit * scale_.unit,
+                   .iterations = found.summary.iterations,
+                   .starts = found.starts,
+                   .converged = found.summary.converged};
+    fit.fitted = FittedOnOriginalScale(replay.forecasts);
+
+    const Eigen::VectorXd weights = found.parameters.head(problem.WeightCount());
+    std::vector<double> stdErrors(static_cast<std::size_t>(weights.size()), MV::gMissingValue);
+    if (!exact) stdErrors = WeightStdErrors(problem, found.parameters);
+    auto state = std::make_unique<ESForecastState>(ESForecastState::Fields{
+        .spec = ESModelSpec(ESModelSpec::ForKind(options_.kind, options_.season_length,
+                                                 options_.function_type)),
+        .estimates = std::valarray<double>(weights.data(), static_cast<std::size_t>(weights.size())),
+        .std_errors = std::valarray<double>(stdErrors.data(), stdErrors.size()),
+        .smoothed = Exported(traits_, replay.final, weights[0], observed_.size())});
+    TSFModelImp::Fields model;
+    model.state = std::move(state);
+    model.info = EstimationInfo(Statistics(replay.forecasts, fit.fitted));
+    model.history = std::valarray<double>(series_.data(), series_.size());
+    fit.model = TSFModel(new TSFModelImp(std::move(model)));
+  }
+
+ private:
+  void TakeObserved(std::vector<double>& forecasts) const {
+    for (std::size_t t = 0; t < forecasts.size(); ++t) {
+      if (modelled_[t] != MV::gMissingValue) forecasts[t] = modelled_[t];
+    }
+  }
+
+  // One value per case of the whole series; missing before the first observed case.
+  std::vector<double> FittedOnOriginalScale(const std::vector<double>& forecasts) const {
+    std::vector<double> fitted(first_, MV::gMissingValue);
+    for (const double forecast : forecasts) {
+      fitted.push_back(Untransformed(options_.function_type, forecast));
+    }
+    return fitted;
+  }
+
+  EstimationInfo::Fields Statistics(const std::vector<double>& forecasts,
+                                    const std::vector<double>& fitted) const {
+    std::vector<double> errors(modelled_);
+    for (std::size_t t = 0; t < errors.size(); ++t) {
+      if (errors[t] != MV::gMissingValue) errors[t] -= forecasts[t];
+    }
+    const FittedSeries all{.observed = observed_,
+                           .fitted = std::span<const double>(fitted).subspan(first_),
+                           .modelled = modelled_,
+                           .modelled_errors = errors};
+    EstimationInfo::Fields info =
+        FitStatistics(all, static_cast<unsigned>(traits_.weight_count),
+                      DifferencingOf(traits_, season_length_), options_.ljung_box_lags);
+    info.span = {.start = first_, .length = observed_.size()};
+    return info;
+  }
+
+  std::span<const double> series_;
+  std::size_t first_;
+  std::span<const double> observed_;
+  const SmoothingOptions& options_;
+  KindTraits traits_;
+  std::size_t season_length_;
+  std::vector<double> modelled_;
+  Scale scale_;
+  std::vector<double> scaled_;
+};
+
+}  // namespace
+
+SmoothingFit FitSmoothing(std::span<const double> series, const SmoothingOptions& options) {
+  SmoothingFit fit;
+  if (!CheckSeries(series, options, fit)) return fit;
+  const auto* first = std::find_if(series.data(), series.data() + series.size(),
+                                   [](double y) { return y != MV::gMissingValue; });
+  Fitter(series, static_cast<std::size_t>(first - series.data()), options).Run(fit);
+  return fit;
+}
+
+}  // namespace tsffit
