@@ -20,6 +20,12 @@ target_compile_features(tsxport PUBLIC cxx_std_20)
 target_link_libraries(tsxport PUBLIC tsfcore::tsfcore)
 set_target_properties(tsxport PROPERTIES VERSION ${PROJECT_VERSION}
                                          SOVERSION ${PROJECT_VERSION_MAJOR})
+target_link_options(tsxport PRIVATE
+                    "LINKER:--version-script=${PROJECT_SOURCE_DIR}/cmake/tsxport.map")
+if(NOT TSXPORT_SANITIZE) # the sanitizers' run-time symbols come with the program
+  target_link_options(tsxport PRIVATE "LINKER:--no-undefined")
+endif()
+set_target_properties(tsxport PROPERTIES LINK_DEPENDS "${PROJECT_SOURCE_DIR}/cmake/tsxport.map")
 
 add_library(tsxport_internals STATIC)
 foreach(subsystem IN LISTS TSXPORT_SUBSYSTEMS)

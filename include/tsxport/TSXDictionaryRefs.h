@@ -18,12 +18,11 @@ class TSX_EXPORT TSXDictionaryRefs {
   TSXDictionaryRefs();
 
   // `modelDescriptor` is free text and may be empty. No predictors, no date specification.
-  TSXDictionaryRefs(std::string modelName, std::string modelDescriptor,
-                    std::string dependentVarID);
+  TSXDictionaryRefs(std::string modelName, std::string modelDescriptor, std::string dependentVarID);
 
   // With one non-empty ID per predictor of the model, in the model's order of predictors.
-  TSXDictionaryRefs(std::string modelName, std::string modelDescriptor,
-                    std::string dependentVarID, const std::vector<std::string>& predictorIDs);
+  TSXDictionaryRefs(std::string modelName, std::string modelDescriptor, std::string dependentVarID,
+                    const std::vector<std::string>& predictorIDs);
 
   TSXDictionaryRefs(const TSXDictionaryRefs& other);
   TSXDictionaryRefs& operator=(const TSXDictionaryRefs& other);

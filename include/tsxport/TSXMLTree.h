@@ -6,7 +6,6 @@
 
 #include <tsfcore/TSFCrModel.h>
 #include <tsfcore/TSFModel.h>
-
 #include <tsxport/Export.h>
 #include <tsxport/TSXDateSpec.h>
 #include <tsxport/TSXDictionaryRefs.h>

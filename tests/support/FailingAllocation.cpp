@@ -1,6 +1,8 @@
 #include "support/FailingAllocation.h"
 
+#include <cstddef>
 #include <cstdlib>
+#include <utility>
 
 namespace {
 
@@ -30,9 +32,9 @@ void Free(void* block) noexcept {
 
 namespace test {
 
-void FailAllocationsFrom(long n) {
-  failFrom = n;
+long FailAllocationsFrom(long n) {
   allocations = 0;
+  return std::exchange(failFrom, n);
 }
 
 long AllocationCount() { return allocations; }

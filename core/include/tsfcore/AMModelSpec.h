@@ -19,29 +19,29 @@
 class TSF_EXPORT AMModelSpec : public TSModelSpec {
  public:
   struct Factor {
-    AMPowers non_seasonal;
-    AMPowers seasonal;
+    AMPowers non_seasonal{};
+    AMPowers seasonal{};
   };
 
   struct Predictor {
-    TSTransformation transform;
+    TSTransformation transform{};
     unsigned non_seasonal_diff = 0;
     unsigned seasonal_diff = 0;
     unsigned delay = 0;  // periods before the predictor takes effect
-    Factor numerator;    // lags beside the zero-lag coefficient, which is always there
-    Factor denominator;
+    Factor numerator{};  // lags beside the zero-lag coefficient, which is always there
+    Factor denominator{};
   };
 
   struct Fields {
     unsigned season_length = 1;
-    TSTransformation y_transform;
+    TSTransformation y_transform{};
     unsigned non_seasonal_diff = 0;
     unsigned seasonal_diff = 0;
     bool has_constant = false;
-    Factor ar;
-    Factor ma;
-    std::vector<Predictor> predictors;
-    TSOutlierSpecList outliers;
+    Factor ar{};
+    Factor ma{};
+    std::vector<Predictor> predictors{};
+    TSOutlierSpecList outliers{};
   };
 
   AMModelSpec() = default;

@@ -11,9 +11,9 @@
 class TSF_EXPORT ARMACLSForecastState : public ARMAForecastState {
  public:
   struct Fields {
-    Common common;
-    std::valarray<double> actual_n;     // last noise values
-    std::valarray<double> predicted_n;  // their one-step predictions
+    Common common{};
+    std::valarray<double> actual_n{};     // last noise values
+    std::valarray<double> predicted_n{};  // their one-step predictions
   };
 
   ARMACLSForecastState() = default;

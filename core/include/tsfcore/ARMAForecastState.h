@@ -23,18 +23,18 @@ class TSF_EXPORT ARMAForecastState : public ForecastState {
 
   // The last values of one predictor and of its transfer function's output.
   struct XHistory {
-    std::valarray<double> predictor;
-    std::valarray<double> transfer_function;
+    std::valarray<double> predictor{};
+    std::valarray<double> transfer_function{};
   };
 
   struct Common {
-    AMModelSpec spec;
-    std::valarray<double> estimates;
-    std::valarray<double> std_errors;
-    PeriodRecord period;
-    std::vector<XHistory> x_history;  // one per predictor; may be shorter
-    std::valarray<double> actual_z;
-    std::valarray<double> predicted_z;
+    AMModelSpec spec{};
+    std::valarray<double> estimates{};
+    std::valarray<double> std_errors{};
+    PeriodRecord period{};
+    std::vector<XHistory> x_history{};  // one per predictor; may be shorter
+    std::valarray<double> actual_z{};
+    std::valarray<double> predicted_z{};
   };
 
   const AMModelSpec& GetAMModelSpec() const { return common_.spec; }

@@ -13,9 +13,9 @@
 class TSF_EXPORT ARMAMLForecastState : public ARMAForecastState {
  public:
   struct Fields {
-    Common common;
-    DSymMat final_omega;
-    std::valarray<double> final_state;
+    Common common{};
+    DSymMat final_omega{};
+    std::valarray<double> final_state{};
   };
 
   ARMAMLForecastState() = default;

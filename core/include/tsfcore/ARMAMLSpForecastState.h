@@ -14,12 +14,12 @@
 class TSF_EXPORT ARMAMLSpForecastState : public ARMAForecastState {
  public:
   struct Fields {
-    Common common;
-    std::valarray<double> actual_n;           // last noise values
-    std::valarray<double> predicted_n;        // their one-step predictions
+    Common common{};
+    std::valarray<double> actual_n{};         // last noise values
+    std::valarray<double> predicted_n{};      // their one-step predictions
     std::uint64_t final_iteration_count = 0;  // steps that the recursion has run
-    std::vector<std::vector<double>> final_thetas;
-    std::vector<double> final_nu;
+    std::vector<std::vector<double>> final_thetas{};
+    std::vector<double> final_nu{};
   };
 
   ARMAMLSpForecastState() = default;

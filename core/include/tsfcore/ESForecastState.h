@@ -31,14 +31,14 @@ class TSF_EXPORT ESForecastState : public ForecastState {
     double level = 0;
     double trend = 0;
     std::uint64_t phase = 0;
-    std::valarray<double> season;
+    std::valarray<double> season{};
   };
 
   struct Fields {
-    ESModelSpec spec;
-    std::valarray<double> estimates;
-    std::valarray<double> std_errors;
-    SmState smoothed;
+    ESModelSpec spec{};
+    std::valarray<double> estimates{};
+    std::valarray<double> std_errors{};
+    SmState smoothed{};
   };
 
   ESForecastState() = default;

@@ -34,7 +34,7 @@ class TSF_EXPORT ESModelSpec : public TSModelSpec {
   struct Fields {
     int kind = kSimple;
     unsigned season_length = 1;  // as declared; kinds without a season ignore it
-    TSTransformation y_transform;
+    TSTransformation y_transform{};
     // Position of each Weight in the parameter vector, -1 where the model has no such weight.
     std::array<int, 4> weight_index = {-1, -1, -1, -1};
     unsigned parameter_count = 0;  // all weights, estimated or fixed

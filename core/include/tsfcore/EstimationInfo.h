@@ -42,11 +42,11 @@ class TSF_EXPORT EstimationInfo {
   };
 
   struct Fields {
-    Span span;
+    Span span{};
     std::uint64_t degrees_of_freedom = 0;       // non-missing cases minus estimated parameters
     double error_variance = MV::gMissingValue;  // on the modelled scale
-    Statistics statistics;
-    LjungBox ljung_box;
+    Statistics statistics{};
+    LjungBox ljung_box{};
   };
 
   EstimationInfo() = default;

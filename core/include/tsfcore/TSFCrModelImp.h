@@ -16,9 +16,9 @@ class TSF_EXPORT TSFCrModelImp : public TSRCObject {
  public:
   struct Fields {
     // Demand sizes, intervals between demands, absolute errors of the demand rate.
-    std::array<ESForecastState, 3> states;
+    std::array<ESForecastState, 3> states{};
     int function_type = TSTransformation::kNone;  // of the demand sizes
-    EstimationInfo info;
+    EstimationInfo info{};
   };
 
   explicit TSFCrModelImp(Fields fields);

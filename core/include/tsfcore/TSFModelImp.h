@@ -14,9 +14,9 @@
 class TSF_EXPORT TSFModelImp : public TSRCObject {
  public:
   struct Fields {
-    std::unique_ptr<const ForecastState> state;  // may be null: a model without estimates
-    EstimationInfo info;
-    std::valarray<double> history;  // the dependent series on its original scale
+    std::unique_ptr<const ForecastState> state{};  // may be null: a model without estimates
+    EstimationInfo info{};
+    std::valarray<double> history{};  // the dependent series on its original scale
     unsigned predictor_count = 0;
   };
 

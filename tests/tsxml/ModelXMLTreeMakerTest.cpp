@@ -1,0 +1,68 @@
+#include <gtest/gtest.h>
+#include <memory>
+
+#include <tsxport/ModelXMLTreeMaker.h>
+
+#include "support/FailingAllocation.h"
+#include "support/Models.h"
+#include "support/XmlText.h"
+
+namespace {
+
+using Tree = std::unique_ptr<TIMESERIESXML::XMLElement>;
+
+class TreeMaker : public testing::Test {
+ protected:
+  const TSXDictionaryRefs refs_{"m", "", "y"};
+  const EstimationInfo info_ = test::SmallInfo();
+  ModelXMLTreeMaker maker_{refs_, info_};
+};
+
+TEST_F(TreeMaker, HasNoTreeBeforeAVisit) { EXPECT_EQ(maker_.ReleaseTree(), nullptr); }
+
+TEST_F(TreeMaker, SmoothingStateBecomesAModelWithItsEstimationRecord) {
+  test::SimpleState().Accept(maker_);
+  const Tree tree(maker_.ReleaseTree());
+  ASSERT_NE(tree, nullptr);
+  EXPECT_EQ(test::Compact(*tree),
+            "<ExpSmoothingModel modelName=\"m\" variableID=\"y\"><ESSimple>"
+            "<ParmLevel><EstimatedParameter>0.25 0.0625</EstimatedParameter></ParmLevel>"
+            "<StateLevel>10</StateLevel></ESSimple>"
+            "<EstimationInfo periodStartIndex=\"0\" periodLength=\"24\" degreesOfFreedom=\"23\">"
+            "<Statistic type=\"errVariance\">1.5</Statistic></EstimationInfo>"
+            "</ExpSmoothingModel>");
+}
+
+TEST_F(TreeMaker, TreeIsHandedOverOnce) {
+  test::SimpleState().Accept(maker_);
+  const Tree tree(maker_.ReleaseTree());
+  EXPECT_NE(tree, nullptr);
+  EXPECT_EQ(maker_.ReleaseTree(), nullptr);
+}
+
+TEST_F(TreeMaker, RefusedModelLeavesNoTree) {
+  test::HoltState(test::kMissing).Accept(maker_);
+  EXPECT_EQ(maker_.ReleaseTree(), nullptr);
+}
+
+TEST_F(TreeMaker, TreeThatNobodyTookDiesWithTheMaker) {
+  const ESForecastState state = test::SimpleState();
+  const long before = test::LiveBlocks();
+  {
+    ModelXMLTreeMaker maker(refs_, info_);
+    state.Accept(maker);
+    EXPECT_GT(test::LiveBlocks(), before);
+  }
+  EXPECT_EQ(test::LiveBlocks(), before);
+}
+
+TEST_F(TreeMaker, ArimaStatesLeaveNoTree) {
+  ARMACLSForecastState().Accept(maker_);
+  EXPECT_EQ(maker_.ReleaseTree(), nullptr);
+  ARMAMLForecastState().Accept(maker_);
+  EXPECT_EQ(maker_.ReleaseTree(), nullptr);
+  ARMAMLSpForecastState().Accept(maker_);
+  EXPECT_EQ(maker_.ReleaseTree(), nullptr);
+}
+
+}  // namespace

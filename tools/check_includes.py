@@ -1,0 +1,98 @@
+#!/usr/bin/env python3
+"""Holds the picture of the house: which folder may include which.
+
+Reads every C++ file that git tracks or would track, and fails with one line per include that runs
+against the arrows. Quoted includes are paths from the repository root; angled ones count where
+they name a header of ours.
+"""
+import re
+import subprocess
+import sys
+from pathlib import Path
+
+PUBLIC = {"include", "contract"}  # ground floor
+ARROWS = {
+    "include": {"include", "contract"},
+    "contract": {"contract"},
+    "core/include/tsffit": {"core/include/tsffit", "contract"},
+    "core/src": {"core/src", "core/include/tsffit", "contract"},
+    "xml": {"xml", "include/xml"},
+    "datespec": {"datespec", "xml"} | PUBLIC,
+    "tsxml": {"tsxml", "datespec", "xml"} | PUBLIC,
+    "pmml": {"pmml", "datespec", "xml"} | PUBLIC,
+    "export": {"export", "tsxml", "pmml", "datespec", "xml"} | PUBLIC,
+    "objstream": {"objstream", "xml", "include"},
+    "cli": {"cli", "core/include/tsffit"} | PUBLIC,
+    "examples": {"examples", "core/include/tsffit"} | PUBLIC,
+}
+# Tests, benchmarks and fuzz targets may look everywhere.
+FREE = {"tests", "bench", "fuzz"}
+# The public headers that the XML layer implements; it must see no other, since the rest of the
+# public headers know the core.
+XML_HEADERS = {
+    "Export.h", "Version.h", "XMLInterface.h", "XMLElement.h", "XMLAttribute.h", "XMLString.h",
+    "XMLDocType.h", "ExportFormat.h", "XMLUtil.h", "WriteTree.h", "NumberFormat.h",
+}
+INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')
+
+
+def place_of_file(path):
+    """The room that a file stands in, or None when it is not part of the house."""
+    text = path.as_posix()
+    for prefix, room in (
+        ("core/include/tsfcore/", "contract"),
+        ("core/include/tsffit/", "core/include/tsffit"),
+        ("core/src/", "core/src"),
+        ("include/tsxport/", "include"),
+    ):
+        if text.startswith(prefix):
+            return room
+    top = path.parts[0]
+    return top if top in ARROWS or top in FREE else None
+
+
+def places_of_include(kind, target, source):
+    """The rooms an include leads to: any of them being allowed will do."""
+    if kind == "<":
+        if target.startswith("tsfcore/"):
+            return {"contract"}
+        if target.startswith("tsffit/"):
+            return {"core/include/tsffit"}
+        if target.startswith("tsxport/"):
+            name = target.split("/", 1)[1]
+            return {"include", "include/xml"} if name in XML_HEADERS else {"include"}
+        return None
+    if source.startswith("core/src"):
+        return {"core/src"}  # its include root is its own folder
+    return {target.split("/", 1)[0]}
+
+
+def check(path):
+    room = place_of_file(path)
+    if room is None or room in FREE:
+        return []
+    faults = []
+    for number, line in enumerate(path.read_text(encoding="utf-8").splitlines(), start=1):
+        match = INCLUDE.match(line)
+        if not match:
+            continue
+        rooms = places_of_include(match[1], match[2], path.as_posix())
+        if rooms is not None and not rooms & ARROWS[room]:
+            faults.append(f"{path}:{number}: {room} must not include {match[2]}")
+    return faults
+
+
+def main():
+    listing = subprocess.run(
+        ["git", "ls-files", "-co", "--exclude-standard", "--", "*.h", "*.cpp"],
+        check=True, capture_output=True, text=True).stdout
+    files = [Path(name) for name in listing.splitlines() if Path(name).exists()]
+    if not files:
+        sys.exit("no C++ files found: run this inside the checkout")
+    faults = [fault for path in files for fault in check(path)]
+    print("\n".join(faults) if faults else f"include arrows hold in {len(files)} files")
+    return 1 if faults else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,81 @@
+#ifndef TSXPORT_TSXML_TAGS_H_
+#define TSXPORT_TSXML_TAGS_H_
+
+#include "datespec/Tags.h"
+
+// Element names, attribute names and fixed values of the time-series XML dialect, in document
+// order. Those of "DateSpecification" stand in datespec/Tags.h.
+namespace tsx {
+
+namespace tag {
+
+inline constexpr char kTSCXML[] = "TSCXML";
+inline constexpr char kHeader[] = "Header";
+inline constexpr char kApplication[] = "Application";
+inline constexpr char kDataDictionary[] = "DataDictionary";
+
+inline constexpr char kTransformation[] = "Transformation";
+inline constexpr char kEstimatedParameter[] = "EstimatedParameter";
+
+inline constexpr char kExpSmoothingModel[] = "ExpSmoothingModel";
+inline constexpr char kESAdditiveWinters[] = "ESAdditiveWinters";
+inline constexpr char kESBrown[] = "ESBrown";
+inline constexpr char kESDampedTrend[] = "ESDampedTrend";
+inline constexpr char kESHolt[] = "ESHolt";
+inline constexpr char kESMultiplicativeWinters[] = "ESMultiplicativeWinters";
+inline constexpr char kESSimpleSeasonal[] = "ESSimpleSeasonal";
+inline constexpr char kESSimple[] = "ESSimple";
+inline constexpr char kParmLevel[] = "ParmLevel";
+inline constexpr char kParmTrend[] = "ParmTrend";
+inline constexpr char kParmSeason[] = "ParmSeason";
+inline constexpr char kParmDampingTrend[] = "ParmDampingTrend";
+inline constexpr char kStateLevel[] = "StateLevel";
+inline constexpr char kStateTrend[] = "StateTrend";
+inline constexpr char kStateSeason[] = "StateSeason";
+
+inline constexpr char kEstimationInfo[] = "EstimationInfo";
+inline constexpr char kStatistic[] = "Statistic";
+inline constexpr char kLjungBoxStatistic[] = "LjungBoxStatistic";
+
+}  // namespace tag
+
+namespace attr {
+
+inline constexpr char kXmlns[] = "xmlns";
+inline constexpr char kXmlnsXsi[] = "xmlns:xsi";
+inline constexpr char kXsiSchemaLocation[] = "xsi:schemaLocation";
+inline constexpr char kName[] = "name";
+inline constexpr char kVersion[] = "version";
+
+inline constexpr char kModelName[] = "modelName";
+inline constexpr char kModelDescriptor[] = "modelDescriptor";
+inline constexpr char kVariableID[] = "variableID";
+inline constexpr char kSeasonLength[] = "seasonLength";
+
+inline constexpr char kFunction[] = "function";
+inline constexpr char kNonSeasonalDiff[] = "nonSeasonalDiff";
+inline constexpr char kSeasonalDiff[] = "seasonalDiff";
+inline constexpr char kDelay[] = "delay";
+inline constexpr char kLag[] = "lag";
+inline constexpr char kPhase[] = "phase";
+
+inline constexpr char kPeriodStartIndex[] = "periodStartIndex";
+inline constexpr char kPeriodLength[] = "periodLength";
+inline constexpr char kDegreesOfFreedom[] = "degreesOfFreedom";
+inline constexpr char kType[] = "type";
+inline constexpr char kK[] = "k";
+inline constexpr char kPValue[] = "pValue";
+
+}  // namespace attr
+
+namespace val {
+
+inline constexpr char kLogarithm[] = "logarithm";
+inline constexpr char kSquareRoot[] = "squareRoot";
+inline constexpr char kErrVariance[] = "errVariance";
+
+}  // namespace val
+
+}  // namespace tsx
+
+#endif  // TSXPORT_TSXML_TAGS_H_
