@@ -7,6 +7,8 @@
 
 #include <tsxport/TSXDateSpec.h>
 
+#include "datespec/Laws.h"
+
 // Calendars to test with, and short ways to look at them.
 namespace test {
 
@@ -92,21 +94,6 @@ inline std::vector<long> GapsOf(const TSXDateSpec& spec) {
     offsets.push_back(spec.GapIndex(i).VirtualCaseOffset());
   }
   return offsets;
-}
-
-// All that can be seen of a specification. Does not allocate when it answers.
-inline bool AreSame(const TSXDateSpec& a, const TSXDateSpec& b) {
-  unsigned dayA[3];
-  unsigned dayB[3];
-  a.GetFirstCaseDay(dayA[0], dayA[1], dayA[2]);
-  b.GetFirstCaseDay(dayB[0], dayB[1], dayB[2]);
-  return a.IsEquivalent(b, true) && dayA[0] == dayB[0] && dayA[1] == dayB[1] &&
-         dayA[2] == dayB[2] && a.ForcedSeasonLength() == b.ForcedSeasonLength() &&
-         a.FiscalYearStart() == b.FiscalYearStart() &&
-         a.OffsetFromNumber(0) == b.OffsetFromNumber(0) && a.GapCount() == b.GapCount() &&
-         a.DefaultSeasonLength() == b.DefaultSeasonLength() &&
-         // Through the multipliers and the excluded period.
-         a.IndexTuple(1000).Compare(b.IndexTuple(1000)) == 0;
 }
 
 }  // namespace test
