@@ -187,6 +187,15 @@ TEST(Model, CopiesShareOneImplementation) {
   EXPECT_EQ(copy.GetImp()->GetHistoryData().size(), 3U);
 }
 
+TEST(Model, MovedHandleLeavesItsSourceEmpty) {
+  TSFModel source = HoltModel();
+  const TSFModelImp* const imp = source.GetImp();
+  const TSFModel target(std::move(source));
+  EXPECT_EQ(target.GetImp(), imp);
+  EXPECT_EQ(imp->referenceCount(), 1);
+  EXPECT_TRUE(source.IsEmpty());  // NOLINT(bugprone-use-after-move): a moved handle is empty
+}
+
 // P(T <= t) from printed tables of Student's t (0.975 and 0.95 quantiles).
 TEST(StudentsT, AgreesWithPrintedQuantiles) {
   EXPECT_NEAR(TSStatUtil::CDFStudentsT(12.7062, 1), 0.975, 1e-6);

@@ -10,7 +10,9 @@ class TSF_EXPORT TSFCrModel {
   TSFCrModel() = default;                   // an empty model
   explicit TSFCrModel(TSFCrModelImp* imp);  // takes a reference; null makes an empty model
   TSFCrModel(const TSFCrModel& other);
+  TSFCrModel(TSFCrModel&& other) noexcept;  // leaves `other` empty
   TSFCrModel& operator=(const TSFCrModel& other);
+  TSFCrModel& operator=(TSFCrModel&& other) noexcept;
   ~TSFCrModel();
 
   bool IsEmpty() const { return imp_ == nullptr; }

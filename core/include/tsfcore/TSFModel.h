@@ -16,7 +16,9 @@ class TSF_EXPORT TSFModel {
   TSFModel() = default;                 // an empty model
   explicit TSFModel(TSFModelImp* imp);  // takes a reference; null makes an empty model
   TSFModel(const TSFModel& other);
+  TSFModel(TSFModel&& other) noexcept;  // leaves `other` empty
   TSFModel& operator=(const TSFModel& other);
+  TSFModel& operator=(TSFModel&& other) noexcept;
   ~TSFModel();
 
   bool IsEmpty() const { return imp_ == nullptr; }

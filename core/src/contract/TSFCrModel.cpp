@@ -17,6 +17,13 @@ TSFCrModel& TSFCrModel::operator=(const TSFCrModel& other) {
   return *this;
 }
 
+TSFCrModel::TSFCrModel(TSFCrModel&& other) noexcept : imp_(std::exchange(other.imp_, nullptr)) {}
+
+TSFCrModel& TSFCrModel::operator=(TSFCrModel&& other) noexcept {
+  std::swap(imp_, other.imp_);
+  return *this;
+}
+
 TSFCrModel::~TSFCrModel() {
   if (imp_ != nullptr) imp_->removeReference();
 }

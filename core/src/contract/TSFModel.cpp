@@ -47,6 +47,13 @@ TSFModel& TSFModel::operator=(const TSFModel& other) {
   return *this;
 }
 
+TSFModel::TSFModel(TSFModel&& other) noexcept : imp_(std::exchange(other.imp_, nullptr)) {}
+
+TSFModel& TSFModel::operator=(TSFModel&& other) noexcept {
+  std::swap(imp_, other.imp_);
+  return *this;
+}
+
 TSFModel::~TSFModel() {
   if (imp_ != nullptr) imp_->removeReference();
 }

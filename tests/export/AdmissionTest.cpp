@@ -1,0 +1,217 @@
+#include <gtest/gtest.h>
+#include <memory>
+#include <sstream>
+
+#include <tsxport/TSXMLTree.h>
+
+#include "export/Calendars.h"
+#include "export/TSXMLTreeImp.h"
+#include "support/FailingAllocation.h"
+#include "support/Models.h"
+
+namespace {
+
+using test::ArimaModel;
+using test::SimpleModel;
+
+TSXDictionaryRefs Refs() { return {"m", "", "y"}; }
+
+// A smoothing state in a model that claims predictors: enough to put the check to the test.
+TSFModel ModelWithPredictors(unsigned count) {
+  return test::ModelOf(std::make_unique<ESForecastState>(test::SimpleState()), count);
+}
+
+TEST(Admission, ModelWithItsNamesIsTaken) {
+  TSXMLTree tree;
+  EXPECT_TRUE(tree.AddModelTree(SimpleModel(), Refs()));
+  EXPECT_EQ(tree.GetModelCount(), 1U);
+}
+
+TEST(Admission, EmptyModelNameIsRefused) {
+  TSXMLTree tree;
+  EXPECT_FALSE(tree.AddModelTree(SimpleModel(), TSXDictionaryRefs("", "d", "y")));
+  EXPECT_EQ(tree.GetModelCount(), 0U);
+}
+
+TEST(Admission, EmptyDependentVariableIsRefused) {
+  TSXMLTree tree;
+  EXPECT_FALSE(tree.AddModelTree(SimpleModel(), TSXDictionaryRefs("m", "d", "")));
+}
+
+TEST(Admission, DateSpecificationNeverRegisteredIsRefused) {
+  TSXMLTree tree;
+  TSXDictionaryRefs refs = Refs();
+  refs.SetDateSpecID(1);
+  EXPECT_FALSE(tree.AddModelTree(SimpleModel(), refs));
+  refs.SetDateSpecID(-1);
+  EXPECT_FALSE(tree.AddModelTree(SimpleModel(), refs));
+}
+
+TEST(Admission, DateSpecificationGoneWithAWriteIsRefused) {
+  TSXMLTree tree;
+  TSXDictionaryRefs refs = Refs();
+  refs.SetDateSpecID(tree.AddDateSpec(test::Yearly(), ""));
+  ASSERT_TRUE(tree.AddModelTree(SimpleModel(), refs));
+  std::ostringstream out;
+  ASSERT_TRUE(tree.WriteToStream(out));
+  EXPECT_FALSE(tree.AddModelTree(SimpleModel(), refs));
+}
+
+TEST(Admission, NoDateSpecificationNeedsNoEntry) {
+  TSXMLTree tree;
+  ASSERT_TRUE(tree.AddModelTree(SimpleModel(), Refs()));
+  std::ostringstream out;
+  ASSERT_TRUE(tree.WriteToStream(out));
+  EXPECT_EQ(out.str().find("DateSpecification"), std::string::npos);
+}
+
+TEST(Admission, OnePredictorIDForTwoPredictorsIsRefused) {
+  TSXMLTree tree;
+  EXPECT_FALSE(tree.AddModelTree(ModelWithPredictors(2), {"m", "", "y", {"x1"}}));
+  EXPECT_TRUE(tree.AddModelTree(ModelWithPredictors(2), {"m", "", "y", {"x1", "x2"}}));
+}
+
+TEST(Admission, EmptySecondPredictorIDIsRefused) {
+  TSXMLTree tree;
+  EXPECT_FALSE(tree.AddModelTree(ModelWithPredictors(2), {"m", "", "y", {"x1", ""}}));
+}
+
+TEST(Admission, PredictorIDForAModelWithoutPredictorsIsRefused) {
+  TSXMLTree tree;
+  EXPECT_FALSE(tree.AddModelTree(SimpleModel(), {"m", "", "y", {"x1"}}));
+}
+
+TEST(Admission, CheckTellsThePositionOfTheDateSpecification) {
+  TSXMLTreeImp imp;
+  imp.AddDateSpec(test::Yearly(), "");
+  TSXDictionaryRefs refs = Refs();
+  refs.SetDateSpecID(imp.AddDateSpec(test::Monthly(), ""));
+  unsigned index = 77;
+  EXPECT_TRUE(imp.CheckDictRefs(nullptr, refs, index));
+  EXPECT_EQ(index, 1U);
+  refs.SetDateSpecID(9);
+  EXPECT_FALSE(imp.CheckDictRefs(nullptr, refs, index));
+  EXPECT_EQ(index, 0U);
+}
+
+TEST(Admission, CheckWithoutAModelExpectsNoPredictors) {
+  const TSXMLTreeImp imp;
+  unsigned index = 0;
+  EXPECT_TRUE(imp.CheckDictRefs(nullptr, Refs(), index));
+  EXPECT_FALSE(imp.CheckDictRefs(nullptr, {"m", "", "y", {"x1"}}, index));
+}
+
+TEST(Admission, ModelWithoutForecastStateIsRefused) {
+  TSXMLTree tree;
+  EXPECT_FALSE(tree.AddModelTree(test::ModelOf(nullptr), Refs()));
+  EXPECT_FALSE(tree.AddModelTree(TSFModel(), Refs()));
+  EXPECT_EQ(tree.GetModelCount(), 0U);
+}
+
+TEST(Admission, ModelThatCannotBeEncodedIsRefusedAndLeavesItsDateSpecificationUnmarked) {
+  TSXMLTree tree;
+  TSXDictionaryRefs refs = Refs();
+  refs.SetDateSpecID(tree.AddDateSpec(test::Yearly(), ""));
+  const TSFModel holed =
+      test::ModelOf(std::make_unique<ESForecastState>(test::HoltState(test::kMissing)));
+  EXPECT_FALSE(tree.AddModelTree(holed, refs));
+  ASSERT_TRUE(tree.AddModelTree(SimpleModel(), Refs()));
+  std::ostringstream out;
+  ASSERT_TRUE(tree.WriteToStream(out));
+  EXPECT_EQ(out.str().find("DateSpecification"), std::string::npos);
+}
+
+TEST(Admission, ArimaModelIsRefusedUntilItHasAnEncoder) {
+  TSXMLTree tree;
+  EXPECT_FALSE(tree.AddModelTree(ArimaModel(), Refs()));
+  EXPECT_EQ(tree.GetModelCount(), 0U);
+}
+
+TEST(Admission, CrostonModelIsRefusedUntilItHasAnEncoder) {
+  TSXMLTree tree;
+  const TSFCrModel croston(new TSFCrModelImp({}));
+  EXPECT_FALSE(tree.AddModelTree(croston, Refs()));
+  EXPECT_EQ(tree.GetModelCount(), 0U);
+}
+
+TEST(Admission, SmoothingModelUnderPMMLIsRefusedUntilThereIsAWriter) {
+  TSXMLTreeImp imp;
+  imp.SetPMMLOutputFlag(true);
+  EXPECT_FALSE(imp.AddModelTree(SimpleModel(), Refs()));
+  EXPECT_TRUE(imp.GetPMMLOutputFlag());
+  EXPECT_EQ(imp.GetModelCount(), 0U);
+}
+
+TEST(Admission, PMMLWriteWritesNothingUntilThereIsAWriter) {
+  TSXMLTree tree;
+  ASSERT_TRUE(tree.AddModelTree(SimpleModel(), Refs()));
+  tree.SetPMMLOutput(true);
+  std::ostringstream out;
+  EXPECT_FALSE(tree.WriteToStream(out));
+  EXPECT_EQ(out.str(), "");
+  EXPECT_EQ(tree.GetModelCount(), 1U);
+}
+
+TEST(Admission, ArimaModelTurnsPMMLOffAndTheTreeWritesTimeSeriesXML) {
+  TSXMLTree tree;
+  tree.SetPMMLOutput(true);
+  EXPECT_FALSE(tree.AddModelTree(ArimaModel(), Refs()));
+  EXPECT_TRUE(tree.AddModelTree(SimpleModel(), Refs()));
+  std::ostringstream out;
+  EXPECT_TRUE(tree.WriteToStream(out));
+  EXPECT_NE(out.str().find("<TSCXML"), std::string::npos);
+}
+
+TEST(Admission, ModelRefusedForItsNamesTurnsPMMLOffAllTheSame) {
+  TSXMLTreeImp imp;
+  imp.SetPMMLOutputFlag(true);
+  EXPECT_FALSE(imp.AddModelTree(ArimaModel(), TSXDictionaryRefs()));
+  EXPECT_FALSE(imp.GetPMMLOutputFlag());
+}
+
+TEST(Admission, ModelWithoutForecastStateTurnsPMMLOff) {
+  TSXMLTreeImp imp;
+  imp.SetPMMLOutputFlag(true);
+  EXPECT_FALSE(imp.AddModelTree(TSFModel(), Refs()));
+  EXPECT_FALSE(imp.GetPMMLOutputFlag());
+}
+
+TEST(Admission, CrostonModelLeavesPMMLOn) {
+  TSXMLTreeImp imp;
+  imp.SetPMMLOutputFlag(true);
+  imp.AddModelTree(TSFCrModel(), Refs());
+  EXPECT_TRUE(imp.GetPMMLOutputFlag());
+}
+
+TEST(Admission, HostMaySwitchPMMLOnAgainAfterAFallBack) {
+  TSXMLTreeImp imp;
+  imp.SetPMMLOutputFlag(true);
+  imp.AddModelTree(ArimaModel(), Refs());
+  imp.SetPMMLOutputFlag(true);
+  EXPECT_TRUE(imp.GetPMMLOutputFlag());
+}
+
+TEST(Admission, TreeIsUnchangedWhereverMemoryRunsOut) {
+  const TSFModel model = test::ModelOf(std::make_unique<ESForecastState>(test::WintersState()));
+  const TSXDateSpec monthly = test::Monthly();
+  test::WithEveryAllocationFailing([&] {
+    TSXMLTreeImp imp;
+    TSXDictionaryRefs refs;
+    {
+      const test::AllocationsSucceed setUp;
+      refs = TSXDictionaryRefs("a model name beyond any small buffer", "described", "y");
+      refs.SetDateSpecID(imp.AddDateSpec(monthly, ""));
+    }
+    try {
+      imp.AddModelTree(model, refs);
+    } catch (const std::bad_alloc&) {
+      const test::AllocationsSucceed look;
+      EXPECT_EQ(imp.GetModelCount(), 0U);
+      std::ostringstream out;
+      EXPECT_FALSE(imp.WriteToStream(out, true));
+      throw;
+    }
+  });
+}
+
+}  // namespace
