@@ -5,5 +5,6 @@
 
 #include <tsffit/Forecast.h>
 #include <tsffit/Smoothing.h>
+#include <tsffit/Version.h>
 
 #endif  // TSFFIT_TSFFIT_H_

@@ -1,0 +1,160 @@
+#include "cli/ColumnRoles.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <iterator>
+#include <map>
+#include <string_view>
+
+#include "cli/NumberCell.h"
+#include "cli/Text.h"
+#include "cli/TimeForm.h"
+
+namespace tsx::cli {
+namespace {
+
+constexpr std::string_view kTimeNames[] = {"date",   "time",  "datetime", "timestamp",
+                                           "period", "month", "quarter",  "year"};
+
+std::size_t ColumnNamed(const CsvTable& table, const std::string& name, const char* option) {
+  const auto found = std::find_if(table.header.begin(), table.header.end(),
+                                  [&name](const CsvCell& cell) { return cell.text == name; });
+  if (!name.empty() && found != table.header.end()) {
+    return static_cast<std::size_t>(found - table.header.begin());
+  }
+  std::vector<std::string> names;
+  for (const CsvCell& cell : table.header) names.push_back(cell.text);
+  throw UsageError(std::string(option) + ": " + Printable(table.file) + " has no column " +
+                   Quoted(name) + "; it has " + Printable(Joined(names, ", ")));
+}
+
+bool IsColumnOfNumbers(const CsvTable& table, std::size_t column) {
+  std::size_t present = 0;
+  std::size_t numbers = 0;
+  for (const auto& row : table.rows) {
+    present += IsMissingCell(row[column]) ? 0 : 1;
+    numbers += IsNumberCell(row[column]) ? 1 : 0;
+  }
+  return numbers > 0 && 2 * numbers >= present;
+}
+
+bool HasTimeName(const CsvTable& table, std::size_t column) {
+  const std::string name = AsciiLowercase(table.header[column].text);
+  return std::find(std::begin(kTimeNames), std::end(kTimeNames), name) != std::end(kTimeNames);
+}
+
+// Whether the first cell has the form of a time that is no plain number, be it an impossible one.
+bool LooksLikeTimes(const CsvTable& table, std::size_t column) {
+  const std::string& first = table.rows.front()[column].text;
+  const ParsedTime time = ParseTime(first);
+  if (time.value) return time.value->form.unit != TimeUnit::kNumber;
+  return !time.impossible.empty() && !IsNumberCell(table.rows.front()[column]);
+}
+
+// Whether the column holds whole numbers that rise from row to row, among the rows of each id.
+bool IsRunningNumber(const CsvTable& table, std::size_t column, std::optional<std::size_t> id) {
+  std::map<std::string, std::int64_t> last;
+  for (const auto& row : table.rows) {
+    const ParsedTime time = ParseTime(row[column].text);
+    if (!time.value || time.value->form.unit != TimeUnit::kNumber) return false;
+    const auto [before, isFirst] = last.emplace(id ? row[*id].text : "", time.value->tick);
+    if (!isFirst && time.value->tick <= before->second) return false;
+    before->second = time.value->tick;
+  }
+  return true;
+}
+
+// Finds the roles of one table.
+class Chooser {
+ public:
+  Chooser(const CsvTable& table, const ColumnRequest& request) : table_(table), request_(request) {}
+
+  ColumnRoles Choose() {
+    if (!request_.id.empty()) roles_.id = ColumnNamed(table_, request_.id, "--id");
+    for (const std::string& name : request_.variables) AddVariable(name);
+    if (!request_.time.empty()) {
+      roles_.time = ColumnNamed(table_, request_.time, "--time");
+      if (IsTaken(*roles_.time)) Clash("--time", request_.time);
+    } else {
+      roles_.time = FindTime();
+    }
+    if (roles_.variables.empty()) FindVariables();
+    return roles_;
+  }
+
+ private:
+  [[noreturn]] static void Clash(const char* option, const std::string& name) {
+    throw UsageError(std::string(option) + ": column " + Quoted(name) +
+                     " has a part to play already");
+  }
+
+  // Whether the command line gives the column to --id or --variable.
+  bool IsTaken(std::size_t column) const {
+    const auto& variables = roles_.variables;
+    return roles_.id == column ||
+           std::find(variables.begin(), variables.end(), column) != variables.end();
+  }
+
+  void AddVariable(const std::string& name) {
+    const std::size_t column = ColumnNamed(table_, name, "--variable");
+    if (IsTaken(column)) Clash("--variable", name);
+    roles_.variables.push_back(column);
+  }
+
+  std::optional<std::size_t> FindTime() const {
+    for (const auto test : {HasTimeName, LooksLikeTimes}) {
+      for (std::size_t i = 0; i < table_.header.size(); ++i) {
+        if (!IsTaken(i) && test(table_, i)) return i;
+      }
+    }
+    const std::size_t first = roles_.id == std::size_t{0} ? 1 : 0;
+    const bool runs = first < table_.header.size() && !IsTaken(first) && HasNumbersBeside(first) &&
+                      IsRunningNumber(table_, first, roles_.id);
+    return runs ? std::optional(first) : std::nullopt;
+  }
+
+  bool HasNumbersBeside(std::size_t column) const {
+    for (std::size_t i = 0; i < table_.header.size(); ++i) {
+      if (i != column && roles_.id != i && IsColumnOfNumbers(table_, i)) return true;
+    }
+    return false;
+  }
+
+  void FindVariables() {
+    for (std::size_t i = 0; i < table_.header.size(); ++i) {
+      if (roles_.time == i || roles_.id == i || !IsColumnOfNumbers(table_, i)) continue;
+      if (table_.header[i].text.empty()) {
+        throw InputError(table_.file, table_.header[i].place,
+                         "column " + std::to_string(i + 1) + " holds numbers but has no name");
+      }
+      roles_.variables.push_back(i);
+    }
+    if (roles_.variables.empty()) FailWithoutNumbers();
+  }
+
+  // Blames the first word that stands where a number might have stood.
+  [[noreturn]] void FailWithoutNumbers() const {
+    for (const auto& row : table_.rows) {
+      for (std::size_t i = 0; i < row.size(); ++i) {
+        if (roles_.time == i || roles_.id == i || IsMissingCell(row[i])) continue;
+        throw InputError(table_.file, row[i].place,
+                         Quoted(row[i].text) + " is not a number (column \"" +
+                             Printable(table_.header[i].text) + "\"), and no column holds numbers");
+      }
+    }
+    throw InputError(table_.file, table_.header.front().place,
+                     "there is no column of numbers beside the time");
+  }
+
+  const CsvTable& table_;
+  const ColumnRequest& request_;
+  ColumnRoles roles_;
+};
+
+}  // namespace
+
+ColumnRoles ChooseColumns(const CsvTable& table, const ColumnRequest& request) {
+  return Chooser(table, request).Choose();
+}
+
+}  // namespace tsx::cli

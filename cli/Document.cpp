@@ -1,0 +1,43 @@
+#include "cli/Document.h"
+
+#include <sstream>
+#include <stdexcept>
+
+#include <tsxport/TSXMLTree.h>
+#include <tsxport/Version.h>
+
+#include "cli/DateSpecMaker.h"
+
+namespace tsx::cli {
+namespace {
+
+int AddCalendar(TSXMLTree& tree, const Series& series, const DocumentOptions& options) {
+  const DateAxis& axis = *series.axis;
+  DateSpecOptions how;
+  how.season_length = options.season_length;
+  how.skipped_as_gaps = series.cases.size() < axis.CaseCount();
+  how.first_case_day = options.first_case_day;
+  return tree.AddDateSpec(MakeDateSpec(axis, how), axis.name + " from " + axis.CaseText(0));
+}
+
+}  // namespace
+
+std::string DocumentText(const std::vector<FittedSeries>& fitted, const DocumentOptions& options) {
+  TSXMLTree tree;
+  tree.SetApplication("tsxport", TSXPORT_VERSION);
+  for (const FittedSeries& one : fitted) {
+    if (one.kind == nullptr) continue;
+    TSXDictionaryRefs refs(one.series->model_name, options.descriptor, one.series->variable);
+    refs.SetDateSpecID(AddCalendar(tree, *one.series, options));
+    if (!tree.AddModelTree(one.model, refs)) {
+      throw std::logic_error("internal error: model refused: " + one.series->model_name);
+    }
+  }
+  std::ostringstream document;
+  if (!tree.WriteToStream(document) || !document) {
+    throw std::logic_error("internal error: no document");
+  }
+  return document.str();
+}
+
+}  // namespace tsx::cli

@@ -1,0 +1,129 @@
+#include "cli/HelpPages.h"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace tsx::cli {
+
+const char kMainIntroduction[] =
+    "tsxport fits exponential smoothing models to time series and writes them as XML\n"
+    "documents, with all the numbers that forecasting needs to go on from.\n";
+
+const char kMainFooter[] =
+    R"(A first try:
+  tsxport fit airpassengers.csv                       what is in it, for people
+  tsxport fit airpassengers.csv -o model.xml          the model as a document
+  tsxport fit --help                                  all there is to choose
+
+Exit status: 0 all done, 1 an output could not be written, 2 the command line or
+the input is wrong and nothing was written, 3 some series could not be fitted.
+)";
+
+const char kFitIntroduction[] = "Fits exponential smoothing to the series of a CSV file.\n";
+
+const char kFitFooter[] =
+    R"(The table:
+  The first line names the columns. Commas or semicolons separate them; in tables
+  with semicolons, decimal commas go as well. Cells may stand in double quotes.
+  Empty cells and NA are missing values. The text is UTF-8.
+
+  Times are written 1949-01 (months), 1960-Q1 (quarters), 1871 (years, where all
+  of them have four digits), 1, 2, 3 (running numbers), 2020-02-29 (dates) or
+  2020-02-29 13:45 (with time; seconds and a T in between are fine). They rise
+  from row to row. The calendar is found from them: months, quarters, years,
+  weeks, days, working days, hours, minutes, seconds and steps of several of
+  these. A skipped period is a missing value, unless --gaps is given.
+
+In the document:
+  Months, quarters, weekdays (Sunday), hours and so on count from 0; weeks and
+  days of calendars that start with them count from 0001-01-01, and running
+  numbers in steps. Series with the same calendar and first case share it.
+
+Examples:
+  tsxport fit airpassengers.csv
+      fits all kinds, prints the one with the lowest normalised BIC
+  tsxport fit airpassengers.csv --model winters-multiplicative -o air.xml
+      writes that model
+  tsxport fit airpassengers.csv --forecast 24 --plot air.svg > forecast.csv
+      two years of forecasts, as numbers and as a drawing
+  tsxport fit seatbelts.csv --variable drivers --variable kms -o cars.xml
+      two models in one document
+  tsxport fit sales.csv --id shop --time week --season 52 --jobs 8 -o shops.xml
+      one model for each shop of a long table
+
+Exit status:
+  0  all done
+  1  an output could not be written, or memory ran out
+  2  the command line or the input is wrong; one line on standard error says
+     where and why, nothing was written, existing files are untouched
+  3  some series could not be fitted; they are named on standard error, and the
+     others were written
+)";
+
+namespace {
+
+constexpr std::size_t kPageWidth = 80;
+constexpr std::size_t kTextColumn = 25;
+
+// Words of `text` in lines of at most `width`.
+std::vector<std::string> Wrapped(std::string_view text, std::size_t width) {
+  std::vector<std::string> lines = {""};
+  while (!text.empty()) {
+    const std::string_view word = text.substr(0, text.find(' '));
+    text.remove_prefix(std::min(word.size() + 1, text.size()));
+    const bool fits = lines.back().size() + 1 + word.size() <= width;
+    if (!lines.back().empty() && !fits) lines.emplace_back();
+    if (!lines.back().empty()) lines.back() += ' ';
+    lines.back() += word;
+  }
+  return lines;
+}
+
+std::string Entry(const std::string& name, const std::string& text) {
+  std::string entry = "  " + name;
+  if (entry.size() + 2 > kTextColumn) entry += "\n";
+  entry.resize(std::max(entry.size(), entry.ends_with('\n') ? 0 : kTextColumn), ' ');
+  bool first = !entry.ends_with('\n');
+  for (const std::string& line : Wrapped(text, kPageWidth - kTextColumn)) {
+    if (!first) entry += std::string(kTextColumn, ' ');
+    entry += line + "\n";
+    first = false;
+  }
+  return entry;
+}
+
+}  // namespace
+
+std::string HelpFormatter::make_usage(const CLI::App* app, std::string /*name*/) const {
+  if (app->get_parent() == nullptr) return "Usage:\n  tsxport COMMAND [OPTIONS]\n";
+  return "Usage:\n  tsxport " + app->get_name() + " SERIES.csv [OPTIONS]\n";
+}
+
+std::string HelpFormatter::make_group(std::string group, bool isPositional,
+                                      std::vector<const CLI::Option*> options) const {
+  std::string text = isPositional ? "" : "\n" + group + ":\n";
+  for (const CLI::Option* option : options) text += make_option(option, isPositional);
+  return text;
+}
+
+std::string HelpFormatter::make_option(const CLI::Option* option, bool isPositional) const {
+  std::string name = option->get_name(isPositional, !isPositional);
+  const std::size_t comma = name.find(',');
+  if (comma != std::string::npos) name.insert(comma + 1, " ");
+  const std::string type = option->get_type_name();
+  if (!isPositional && !type.empty()) name += " " + type;
+  return Entry(name, option->get_description());
+}
+
+std::string HelpFormatter::make_subcommands(const CLI::App* app,
+                                            CLI::AppFormatMode /*mode*/) const {
+  std::string text;
+  for (const CLI::App* command : app->get_subcommands({})) {
+    text += Entry(command->get_name(), command->get_description());
+  }
+  return text.empty() ? "" : "\nCommands:\n" + text;
+}
+
+}  // namespace tsx::cli

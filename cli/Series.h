@@ -1,0 +1,41 @@
+#ifndef TSXPORT_CLI_SERIES_H_
+#define TSXPORT_CLI_SERIES_H_
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "cli/ColumnRoles.h"
+#include "cli/CsvReader.h"
+#include "cli/DateAxis.h"
+
+// From a table to the series in it.
+namespace tsx::cli {
+
+struct Series {
+  std::string model_name;
+  std::string variable;                  // the column's name
+  std::shared_ptr<const DateAxis> axis;  // shared by the variables of the same rows
+  std::vector<double> values;            // by case; MV::gMissingValue where there is none
+  std::vector<std::size_t> cases;        // the axis' case of each value
+  std::vector<Place> places;             // where each value stands; line 0 for skipped cases
+};
+
+struct SeriesOptions {
+  ColumnRequest columns;
+  std::string name;  // of the models; the file's name without folder and ending if empty
+  bool skipped_as_gaps = false;  // leave skipped cases out instead of giving them missing values
+};
+
+// Reads every series of the table: the variables in the order of their columns (or of the command
+// line), for each value of the id column in order of first appearance.
+//
+// A model's name is the name given, when there is one variable and no id column; else
+// NAME/VARIABLE, or with an id column NAME/ID, or NAME/ID/VARIABLE with several variables.
+//
+// Throws InputError and UsageError as the readers of cells and columns do.
+std::vector<Series> ReadSeries(const CsvTable& table, const SeriesOptions& options);
+
+}  // namespace tsx::cli
+
+#endif  // TSXPORT_CLI_SERIES_H_

@@ -1,0 +1,12 @@
+#include <iostream>
+#include <string>
+#include <unistd.h>
+#include <vector>
+
+#include "cli/Command.h"
+
+int main(int argc, char** argv) {
+  std::ios::sync_with_stdio(false);
+  const std::vector<std::string> arguments(argv + 1, argv + argc);
+  return tsx::cli::RunCommand(arguments, {std::cout, std::cerr, isatty(STDERR_FILENO) == 1});
+}

@@ -1,0 +1,3 @@
+#include <tsffit/Version.h>
+
+const char* tsffit::CoreVersion() { return TSFFIT_VERSION; }
