@@ -3,6 +3,8 @@
 
 include(CMakePackageConfigHelpers)
 set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake")
+# The packages may be moved: pkg-config files find the prefix from where they stand.
+file(RELATIVE_PATH package_prefix_from_pc "/p/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/p")
 
 # tsxport_install_package(NAME): exports target NAME as NAME::NAME in a package of that name.
 function(tsxport_install_package name)
