@@ -7,14 +7,9 @@
 #include <string>
 
 #include <tsxport/Export.h>
-
-namespace tsx {
-struct NodeAccess;
-}
+#include <tsxport/ExportFormat.h>
 
 namespace TIMESERIESXML {
-
-class ExportFormat;
 
 // A node of an XML tree: an element, an attribute, character data or a document type declaration.
 //
