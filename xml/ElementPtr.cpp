@@ -5,7 +5,6 @@
 namespace tsx {
 
 using TIMESERIESXML::XMLElement;
-using TIMESERIESXML::XMLString;
 
 ElementPtr MakeElement(std::string_view name) { return ElementPtr(NodeAccess::NewElement(name)); }
 
@@ -14,10 +13,6 @@ void Append(XMLElement& parent, ElementPtr child) {
   child.release();                 // the parent has it now
 }
 
-void AppendText(XMLElement& parent, std::string_view text) {
-  std::unique_ptr<XMLString> string(NodeAccess::NewString(text));
-  parent.AddElement(string.get());
-  string.release();
-}
+void AppendText(XMLElement& parent, std::string_view text) { NodeAccess::AddText(parent, text); }
 
 }  // namespace tsx

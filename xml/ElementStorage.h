@@ -2,6 +2,7 @@
 #define TSXPORT_XML_ELEMENTSTORAGE_H_
 
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <string_view>
 
@@ -14,15 +15,22 @@ namespace tsx {
 
 // What an element holds, in one block of memory that doubles when it is full:
 //
-//   this object | name | attribute | attribute ...  free  ... child 1 | child 0
+//   this object | name | item | item ...  free  ... child 1 | child 0
 //
-// An attribute is a word and then either its finished text (name="value", escaped), whose length
-// the word tells, or a pointer to an attribute node that the caller made. Children are pointers.
+// An item is a word that tells its kind and length, and then
+//   - an attribute as it goes out (name="value", the value escaped), or
+//   - a pointer to an attribute that the caller made, or
+//   - the escaped text of a child that is character data.
+// A child is a pointer to a node, or the offset of such a text. Both kinds of text are in here only
+// up to kMaxText bytes: longer ones are nodes of their own. So lengths and offsets need 32 bits.
+//
 // The first block may stand inside the element's own allocation, and is then not freed by itself.
 class ElementStorage {
  public:
   using Attribute = TIMESERIESXML::XMLAttribute;
   using Node = TIMESERIESXML::XMLInterface;
+
+  static constexpr std::size_t kMaxText = std::size_t{1} << 20U;
 
   // Bytes for a block that holds `name` and leaves some room for more.
   static std::size_t BlockSize(std::string_view name);
@@ -35,29 +43,30 @@ class ElementStorage {
   static void Destroy(ElementStorage* storage) noexcept;
 
   // These may move the storage to a larger block and then set `storage`; when that throws nothing
-  // has changed. The first returns where the attribute's text of `size` bytes is to be put.
+  // has changed. The texts' functions return where the caller puts the `size` bytes.
   static char* AddAttributeText(ElementStorage*& storage, std::size_t size);
+  static char* AddChildText(ElementStorage*& storage, std::size_t size);
   static void AddAttributeNode(ElementStorage*& storage, Attribute* attribute);
-  static void AddChild(ElementStorage*& storage, Node* child);
+  static void AddChildNode(ElementStorage*& storage, Node* child);
 
   std::string_view name() const { return {bytes(), name_size_}; }
-  bool HasAttributes() const { return text_end_ != name_size_; }
+  bool has_attributes() const { return has_attributes_; }
   std::size_t child_count() const { return child_count_; }
-  Node* child(std::size_t i) const {
-    Node* node = nullptr;
-    std::memcpy(&node, bytes() + size_ - (i + 1) * sizeof node, sizeof node);
-    return node;
-  }
 
-  // Calls onText(string_view) or onNode(Attribute*) for each attribute in order.
+  // Call onText(string_view) or onNode(pointer) for each attribute or child in order.
   template <typename OnText, typename OnNode>
   void ForEachAttribute(OnText onText, OnNode onNode) const;
+  template <typename OnText, typename OnNode>
+  void ForEachChild(OnText onText, OnNode onNode) const;
 
   ElementStorage(const ElementStorage&) = delete;
   ElementStorage& operator=(const ElementStorage&) = delete;
 
  private:
-  static constexpr std::size_t kIsNode = ~std::size_t{0};  // the word of an attribute node
+  enum Kind : std::uint32_t { kAttributeText, kAttributeNode, kChildText };
+  using Word = std::uint32_t;    // 4 * length + kind
+  using Child = std::uintptr_t;  // a pointer, or 2 * offset + 1
+  static_assert(sizeof(Child) == sizeof(Node*));
 
   ElementStorage(std::size_t size, bool inside, std::string_view name) noexcept;
   ~ElementStorage() = default;
@@ -65,35 +74,59 @@ class ElementStorage {
   static void Reserve(ElementStorage*& storage, std::size_t more);
   static void FreeBlock(ElementStorage* storage) noexcept;
 
-  char* bytes() { return reinterpret_cast<char*>(this + 1); }
-  const char* bytes() const { return reinterpret_cast<const char*>(this + 1); }
-  std::size_t Free() const { return size_ - text_end_ - child_count_ * sizeof(Node*); }
-  void PutWord(std::size_t word) {
-    std::memcpy(bytes() + text_end_, &word, sizeof word);
-    text_end_ += sizeof word;
+  template <typename Value>
+  Value Load(std::size_t offset) const {
+    Value value;
+    std::memcpy(&value, bytes() + offset, sizeof value);
+    return value;
+  }
+  template <typename Value>
+  void Store(std::size_t offset, Value value) {
+    std::memcpy(bytes() + offset, &value, sizeof value);
   }
 
-  std::size_t size_;  // bytes behind this object, a multiple of a pointer's size
-  std::size_t name_size_;
-  std::size_t text_end_;  // where name and attributes end
-  std::size_t child_count_ = 0;
-  bool inside_;  // the block is part of the element's allocation
+  char* bytes() { return reinterpret_cast<char*>(this + 1); }
+  const char* bytes() const { return reinterpret_cast<const char*>(this + 1); }
+  std::size_t Free() const { return size_ - items_end_ - child_count_ * sizeof(Child); }
+  char* PutItem(Kind kind, std::size_t size);
+  void PutChild(Child child);
+  std::string_view TextAt(std::size_t offset) const {
+    return {bytes() + offset + sizeof(Word), Load<Word>(offset) / 4};
+  }
+
+  std::uint32_t size_;       // bytes behind this object, a multiple of a child's size
+  std::uint32_t items_end_;  // from bytes()
+  std::uint32_t name_size_;
+  std::uint32_t child_count_ : 30;
+  std::uint32_t has_attributes_ : 1;
+  std::uint32_t inside_ : 1;  // the block is part of the element's allocation
 };
 
 template <typename OnText, typename OnNode>
 void ElementStorage::ForEachAttribute(OnText onText, OnNode onNode) const {
-  for (std::size_t at = name_size_; at != text_end_;) {
-    std::size_t word = 0;
-    std::memcpy(&word, bytes() + at, sizeof word);
-    at += sizeof word;
-    if (word == kIsNode) {
-      Attribute* attribute = nullptr;
-      std::memcpy(&attribute, bytes() + at, sizeof attribute);
-      at += sizeof attribute;
-      onNode(attribute);
+  if (!has_attributes_) return;
+  for (std::size_t at = name_size_; at != items_end_;) {
+    const std::string_view item = TextAt(at);
+    const Word kind = Load<Word>(at) % 4;
+    if (kind == kAttributeText) {
+      onText(item);
+    } else if (kind == kAttributeNode) {
+      onNode(Load<Attribute*>(at + sizeof(Word)));
+    }
+    at += sizeof(Word) + item.size();
+  }
+}
+
+template <typename OnText, typename OnNode>
+void ElementStorage::ForEachChild(OnText onText, OnNode onNode) const {
+  std::size_t at = size_;
+  for (std::size_t i = 0; i < child_count_; ++i) {
+    at -= sizeof(Child);
+    const auto child = Load<Child>(at);
+    if (child % 2 == 1) {
+      onText(TextAt(child / 2));
     } else {
-      onText(std::string_view(bytes() + at, word));
-      at += word;
+      onNode(Load<Node*>(at));
     }
   }
 }

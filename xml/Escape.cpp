@@ -18,9 +18,9 @@ enum Special : unsigned char {
   kBlank
 };
 
-// What stands for each special byte; a blank stands for itself unless its place says otherwise.
-constexpr std::array<std::string_view, 9> kReplacements = {
-    "", "&amp;", "&lt;", "&gt;", "&quot;", "&#9;", "&#10;", "&#13;", " "};
+// What stands for each special byte but the blank, which stands for itself in most places.
+constexpr std::array<std::string_view, 8> kReplacements = {"",       "&amp;", "&lt;",  "&gt;",
+                                                           "&quot;", "&#9;",  "&#10;", "&#13;"};
 constexpr std::string_view kBlankReference = "&#32;";
 
 using ByteClasses = std::array<Special, 256>;
@@ -57,11 +57,16 @@ void EscapeWith(const ByteClasses& classes, std::string_view s, Emit emit) {
   bool afterLoneBlank = false;  // the byte before is the first blank of a pair to come
   for (std::size_t i = 0; i < s.size(); ++i) {
     const Special special = ClassOf(classes, s[i]);
-    const bool referenced = special == kBlank && (afterLoneBlank || i == 0 || i + 1 == s.size());
-    afterLoneBlank = special == kBlank && !afterLoneBlank;
-    if (special == kPlain || (special == kBlank && !referenced)) continue;
+    if (special == kPlain) {
+      afterLoneBlank = false;
+      continue;
+    }
+    const bool blank = special == kBlank;
+    const bool referenced = blank && (afterLoneBlank || i == 0 || i + 1 == s.size());
+    afterLoneBlank = blank && !afterLoneBlank;
+    if (blank && !referenced) continue;
     emit(s.substr(plainFrom, i - plainFrom));
-    emit(referenced ? kBlankReference : kReplacements[special]);
+    emit(blank ? kBlankReference : kReplacements[special]);
     plainFrom = i + 1;
   }
   emit(s.substr(plainFrom));

@@ -2,6 +2,7 @@
 #define TSXPORT_XML_NODEACCESS_H_
 
 #include <string_view>
+#include <typeinfo>
 
 #include <tsxport/ExportFormat.h>
 #include <tsxport/XMLAttribute.h>
@@ -11,6 +12,13 @@
 #include "xml/ElementStorage.h"
 
 namespace tsx {
+
+// Whether a node is of this very class. One of a class that a host derived from it is not: it may
+// add, write and destroy in its own way.
+template <typename Node>
+bool IsExactly(const TIMESERIESXML::XMLInterface& node) {
+  return &typeid(node) == &typeid(Node);
+}
 
 // The way into the nodes' private parts, for this folder alone.
 struct NodeAccess {
@@ -24,11 +32,15 @@ struct NodeAccess {
   static XMLString* NewString(std::string_view text);
   static XMLAttribute* NewAttribute(std::string_view name, std::string_view value);
 
+  // For these the element is whole and unchanged when they throw.
   static void AddAttribute(XMLElement& element, std::string_view name, std::string_view value);
   static void AddAttribute(XMLElement& element, std::string_view name, double value);
+  static void AddText(XMLElement& element, std::string_view text);
+  // Without a look for what is to be escaped.
+  static void AddPlainText(XMLElement& element, std::string_view text);
 
   static const ElementStorage& Storage(const XMLElement& element) { return *element.storage_; }
-  // Escaped and ready to go out.
+  // Escaped, as they go out.
   static std::string_view Text(const XMLString& string) { return {string.text_, string.size_}; }
   static std::string_view Text(const XMLAttribute& attribute) {
     return {attribute.text_, attribute.size_};
@@ -36,24 +48,21 @@ struct NodeAccess {
 
   static int& TabLevel(ExportFormat& format) { return format.tab_level_; }
 
-  // A node that is not `new`ed has its text in a block of its own.
+  // Texts stand behind a node in its block, but for nodes that hosts construct themselves.
   template <typename Node>
-  static void FreeText(const Node& node) noexcept;
+  static void FreeText(const Node& node) noexcept {
+    const void* behind = &node + 1;
+    if (node.text_ != behind) ::operator delete(const_cast<char*>(node.text_));
+  }
 };
 
-// Escaped texts in fresh blocks, for nodes that callers construct themselves.
+// Escaped texts in blocks of their own.
 struct OwnedText {
   const char* text;
   std::size_t size;
 };
 OwnedText MakeText(std::string_view text);
 OwnedText MakeAttributeText(std::string_view name, std::string_view value);
-
-template <typename Node>
-void NodeAccess::FreeText(const Node& node) noexcept {
-  const void* inside = &node + 1;
-  if (node.text_ != inside) ::operator delete(const_cast<char*>(node.text_));
-}
 
 }  // namespace tsx
 

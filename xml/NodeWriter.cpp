@@ -1,6 +1,6 @@
 #include "xml/NodeWriter.h"
 
-#include <typeinfo>
+#include <cstring>
 
 #include "xml/NodeAccess.h"
 
@@ -14,25 +14,57 @@ using TIMESERIESXML::XMLString;
 
 namespace {
 
-// A class that derives from `Node` may write itself in its own way.
-template <typename Node>
-bool IsExactly(const XMLInterface& node) {
-  return &typeid(node) == &typeid(Node);
+char* Put(std::string_view bytes, char* out) {
+  std::memcpy(out, bytes.data(), bytes.size());
+  return out + bytes.size();
 }
 
-void WriteAttributeNode(Output& out, const XMLAttribute& attribute, ExportFormat& format) {
-  if (IsExactly<XMLAttribute>(attribute)) {
-    WriteAttribute(out, NodeAccess::Text(attribute));
-  } else {
-    out.AppendNode(attribute, format);
-  }
+char* PutTabs(std::size_t count, char* out) {
+  std::memset(out, '\t', count);
+  return out + count;
+}
+
+// Nesting depth as the tabs that go before a tag or an attribute at that depth.
+std::size_t Tabs(ExportFormat& format) {
+  const int level = NodeAccess::TabLevel(format);
+  return format.HasIndentation() && level > 0 ? static_cast<std::size_t>(level) : 0;
+}
+
+void BeginTag(Output& out, std::string_view name, ExportFormat& format) {
+  const std::size_t tabs = Tabs(format);
+  const bool newLine = format.IsNewParagraph();
+  out.AppendWith(tabs + name.size() + 2, [&](char* to) {
+    if (newLine) *to++ = '\n';
+    to = PutTabs(tabs, to);
+    *to++ = '<';
+    return Put(name, to);
+  });
+  out.EndPiece();
+}
+
+void EndTag(Output& out, std::string_view name, ExportFormat& format) {
+  const std::size_t tabs = Tabs(format);
+  const bool newLine = format.IsNewParagraph();
+  out.AppendWith(tabs + name.size() + 4, [&](char* to) {
+    if (newLine) *to++ = '\n';
+    to = PutTabs(tabs, to);
+    *to++ = '<';
+    *to++ = '/';
+    to = Put(name, to);
+    *to++ = '>';
+    return to;
+  });
 }
 
 void WriteAttributes(Output& out, const ElementStorage& element, ExportFormat& format) {
-  const int level = ++NodeAccess::TabLevel(format);
+  ++NodeAccess::TabLevel(format);
   const auto separate = [&] {
-    out.Append(format.IsNewParagraph() ? '\n' : ' ');
-    if (format.HasIndentation()) out.AppendTabs(level);
+    const std::size_t tabs = Tabs(format);
+    const char separator = format.IsNewParagraph() ? '\n' : ' ';
+    out.AppendWith(tabs + 1, [&](char* to) {
+      *to++ = separator;
+      return PutTabs(tabs, to);
+    });
     out.EndPiece();
   };
   element.ForEachAttribute(
@@ -42,7 +74,11 @@ void WriteAttributes(Output& out, const ElementStorage& element, ExportFormat& f
       },
       [&](const XMLAttribute* attribute) {
         separate();
-        WriteAttributeNode(out, *attribute, format);
+        if (IsExactly<XMLAttribute>(*attribute)) {
+          WriteAttribute(out, NodeAccess::Text(*attribute));
+        } else {
+          out.AppendNode(*attribute, format);
+        }
       });
   --NodeAccess::TabLevel(format);
 }
@@ -59,36 +95,24 @@ void WriteChild(Output& out, const XMLInterface& child, ExportFormat& format) {
 
 void WriteChildren(Output& out, const ElementStorage& element, ExportFormat& format) {
   ++NodeAccess::TabLevel(format);
-  for (std::size_t i = 0; i < element.child_count(); ++i)
-    WriteChild(out, *element.child(i), format);
+  element.ForEachChild([&](std::string_view text) { WriteText(out, text, format); },
+                       [&](const XMLInterface* child) { WriteChild(out, *child, format); });
   --NodeAccess::TabLevel(format);
-}
-
-void BeginLine(Output& out, ExportFormat& format, int level) {
-  if (format.IsNewParagraph()) out.Append('\n');
-  if (format.HasIndentation()) out.AppendTabs(level);
 }
 
 }  // namespace
 
 void WriteElement(Output& out, const XMLElement& node, ExportFormat& format) {
   const ElementStorage& element = NodeAccess::Storage(node);
-  const int level = NodeAccess::TabLevel(format);
-  BeginLine(out, format, level);
-  out.Append('<');
-  out.Append(element.name());
-  out.EndPiece();
-  if (element.HasAttributes()) WriteAttributes(out, element, format);
+  BeginTag(out, element.name(), format);
+  if (element.has_attributes()) WriteAttributes(out, element, format);
   if (element.child_count() == 0) {
     out.Append("/>");
   } else {
-    out.Append('>');
+    out.Append(">");
     out.EndPiece();
     WriteChildren(out, element, format);
-    BeginLine(out, format, level);
-    out.Append("</");
-    out.Append(element.name());
-    out.Append('>');
+    EndTag(out, element.name(), format);
   }
   out.EndPiece();
   format.SetIsNewParagraph(true);

@@ -1,8 +1,11 @@
 #include "xml/NumberList.h"
 
+#include <cmath>
+#include <cstring>
 #include <iterator>
 
 #include "xml/ElementPtr.h"
+#include "xml/NodeAccess.h"
 #include "xml/NumberText.h"
 
 namespace tsx {
@@ -10,6 +13,29 @@ namespace tsx {
 using TIMESERIESXML::XMLElement;
 
 namespace {
+
+constexpr std::size_t kMaxItemSize = 1 + kMaxNumberSize;  // with the blank
+constexpr std::size_t kShortList = 32;
+
+char* PutText(std::string_view text, char* out) {
+  std::memcpy(out, text.data(), text.size());
+  return out + text.size();
+}
+
+char* PutItem(double value, double missing, char* out) {
+  if (value == missing) return PutText("NaN", out);
+  if (std::isfinite(value)) return PutNumber(value, out);
+  return PutText(ListText(NumberText(value).view()), out);
+}
+
+// At most kMaxItemSize bytes for each value.
+char* PutList(std::span<const double> values, double missing, char* out) {
+  for (const double& value : values) {
+    if (&value != values.data()) *out++ = ' ';
+    out = PutItem(value, missing, out);
+  }
+  return out;
+}
 
 std::span<const double> SpanOf(const std::valarray<double>& values) {
   if (values.size() == 0) return {};
@@ -29,20 +55,20 @@ std::string_view ListText(std::string_view formatted) {
 }
 
 std::string NumberListText(std::span<const double> values, double missing) {
-  std::string text;
-  for (const double value : values) {
-    if (!text.empty()) text += ' ';
-    if (value == missing) {
-      text += "NaN";
-    } else {
-      text += ListText(NumberText(value).view());
-    }
-  }
+  std::string text(values.size() * kMaxItemSize, '\0');
+  text.resize(static_cast<std::size_t>(PutList(values, missing, text.data()) - text.data()));
   return text;
 }
 
 void FillNumberList(XMLElement& target, std::span<const double> values, double missing) {
-  if (!values.empty()) AppendText(target, NumberListText(values, missing));
+  if (values.empty()) return;
+  if (values.size() > kShortList) {
+    NodeAccess::AddPlainText(target, NumberListText(values, missing));
+    return;
+  }
+  char text[kShortList * kMaxItemSize];
+  const auto size = static_cast<std::size_t>(PutList(values, missing, text) - text);
+  NodeAccess::AddPlainText(target, {text, size});
 }
 
 void FillNumberList(XMLElement& target, const double* values, std::size_t count, double missing) {

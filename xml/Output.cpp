@@ -25,13 +25,6 @@ void Output::HandOn(std::string_view bytes) {
   }
 }
 
-void Output::AppendTabs(int count) {
-  constexpr std::string_view kTabs = "\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t\t";
-  for (; count > 0; count -= static_cast<int>(kTabs.size())) {
-    Append(kTabs.substr(0, static_cast<std::size_t>(count)));
-  }
-}
-
 void Output::Flush() {
   EndPiece();
   const std::string_view gathered(begin_, static_cast<std::size_t>(next_ - begin_));
@@ -39,23 +32,28 @@ void Output::Flush() {
   HandOn(gathered);
 }
 
-bool Output::MakeRoom(std::string_view bytes) {
+void Output::MakeRoom(std::size_t size) {
   if (converter_ != nullptr) {
     FlushPieces();
-    if (bytes.size() > Room()) Grow(static_cast<std::size_t>(next_ - begin_) + bytes.size());
-    return true;
+  } else {
+    Flush();
   }
-  Flush();
-  if (bytes.size() <= Room()) return true;
-  HandOn(bytes);
-  return false;
+  if (size > Room()) Grow(static_cast<std::size_t>(next_ - begin_) + size);
+}
+
+void Output::AppendLong(std::string_view bytes) {
+  if (converter_ == nullptr && bytes.size() >= kBlock) {
+    Flush();
+    return HandOn(bytes);
+  }
+  MakeRoom(bytes.size());
+  Append(bytes);
 }
 
 // Hands on the finished pieces and moves the unfinished one to the front.
 void Output::FlushPieces() {
   const auto unfinished = static_cast<std::size_t>(next_ - piece_);
-  const std::string_view gathered(begin_, static_cast<std::size_t>(piece_ - begin_));
-  HandOn(gathered);
+  HandOn({begin_, static_cast<std::size_t>(piece_ - begin_)});
   std::memmove(begin_, piece_, unfinished);
   piece_ = begin_;
   next_ = begin_ + unfinished;
@@ -79,8 +77,7 @@ void Output::ConvertPiece() {
     const std::string source(piece);
     next_ = piece_;
     const std::size_t maxSize = Utf8Converter::MaxSize(source.size());
-    if (maxSize > Room()) FlushPieces();
-    if (maxSize > Room()) Grow(maxSize);
+    if (maxSize > Room()) MakeRoom(maxSize);
     next_ += converter_->Convert(source, next_);
   }
   piece_ = next_;

@@ -31,14 +31,18 @@ class Output {
   Output(const Output&) = delete;
   Output& operator=(const Output&) = delete;
 
+  // Appends what put(char*) writes, which returns its end and needs at most `maxSize` bytes.
+  template <typename Put>
+  void AppendWith(std::size_t maxSize, Put put) {
+    if (maxSize > Room()) MakeRoom(maxSize);
+    next_ = put(next_);
+  }
+
   void Append(std::string_view bytes) {
-    if (bytes.size() > Room() && !MakeRoom(bytes)) return;
+    if (bytes.size() > Room()) return AppendLong(bytes);
     std::memcpy(next_, bytes.data(), bytes.size());
     next_ += bytes.size();
   }
-
-  void Append(char c) { Append(std::string_view(&c, 1)); }
-  void AppendTabs(int count);
 
   // What was appended since the last call is a piece of its own.
   void EndPiece() {
@@ -53,8 +57,8 @@ class Output {
 
  private:
   std::size_t Room() const { return static_cast<std::size_t>(end_ - next_); }
-  // Makes Room() for `bytes`, or hands them on at once and returns false.
-  bool MakeRoom(std::string_view bytes);
+  void MakeRoom(std::size_t size);
+  void AppendLong(std::string_view bytes);
   void FlushPieces();
   void Grow(std::size_t size);
   void ConvertPiece();
@@ -68,7 +72,7 @@ class Output {
   std::unique_ptr<char[]> large_;  // in place of block_, for pieces longer than that
   char block_[kBlock];
   char* begin_ = block_;
-  char* piece_ = block_;  // where the unfinished piece begins; of use with a converter only
+  char* piece_ = block_;  // where the unfinished piece begins; stays behind without a converter
   char* next_ = block_;
   char* end_ = block_ + kBlock;
 };

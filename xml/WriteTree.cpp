@@ -19,7 +19,7 @@ void WriteDocument(std::ostream& os, const XMLDocType* docType, const XMLElement
     tsx::WithOutput(os, utf8, [](tsx::Output& out) {
       out.Append(XMLUtil::FIRST_LINE);
       out.EndPiece();
-      out.Append('\n');
+      out.Append("\n");
     });
   }
   root->ToStream(os, format, utf8);

@@ -17,12 +17,12 @@ XMLElement::XMLElement(const std::string& name) : storage_(ElementStorage::Make(
 XMLElement::~XMLElement() { ElementStorage::Destroy(storage_); }
 
 int XMLElement::AddElement(XMLElement* child) {
-  ElementStorage::AddChild(storage_, child);
+  ElementStorage::AddChildNode(storage_, child);
   return static_cast<int>(storage_->child_count());
 }
 
 int XMLElement::AddElement(XMLString* text) {
-  ElementStorage::AddChild(storage_, text);
+  ElementStorage::AddChildNode(storage_, text);
   return static_cast<int>(storage_->child_count());
 }
 
