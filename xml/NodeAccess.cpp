@@ -73,7 +73,7 @@ char* Behind(void* block) {
 }
 
 template <typename Text>
-OwnedText MakeOwned(const Text& text) {
+NodeText MakeOwned(const Text& text) {
   auto* block = static_cast<char*>(::operator new(text.size()));
   text.PutAt(block);
   return {block, text.size()};
@@ -91,14 +91,14 @@ XMLString* NodeAccess::NewString(std::string_view text) {
   const EscapedText escaped(text);
   void* block = NewBlock<XMLString>(escaped.size());
   escaped.PutAt(Behind<XMLString>(block));
-  return new (block) XMLString(Behind<XMLString>(block), escaped.size());
+  return new (block) XMLString(NodeText{Behind<XMLString>(block), escaped.size()});
 }
 
 XMLAttribute* NodeAccess::NewAttribute(std::string_view name, std::string_view value) {
   const AttributeText text(name, value);
   void* block = NewBlock<XMLAttribute>(text.size());
   text.PutAt(Behind<XMLAttribute>(block));
-  return new (block) XMLAttribute(Behind<XMLAttribute>(block), text.size());
+  return new (block) XMLAttribute(NodeText{Behind<XMLAttribute>(block), text.size()});
 }
 
 void NodeAccess::AddAttribute(XMLElement& element, std::string_view name, std::string_view value) {
@@ -137,9 +137,9 @@ void NodeAccess::AddPlainText(XMLElement& element, std::string_view text) {
   Put(text, ElementStorage::AddChildText(element.storage_, text.size()));
 }
 
-OwnedText MakeText(std::string_view text) { return MakeOwned(EscapedText(text)); }
+NodeText MakeText(std::string_view text) { return MakeOwned(EscapedText(text)); }
 
-OwnedText MakeAttributeText(std::string_view name, std::string_view value) {
+NodeText MakeAttributeText(std::string_view name, std::string_view value) {
   return MakeOwned(AttributeText(name, value));
 }
 

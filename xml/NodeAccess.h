@@ -20,6 +20,16 @@ bool IsExactly(const TIMESERIESXML::XMLInterface& node) {
   return &typeid(node) == &typeid(Node);
 }
 
+// What an attribute or character data holds: its escaped text.
+struct NodeText {
+  const char* text;
+  std::size_t size;
+};
+
+// In a block of its own, for nodes that hosts construct themselves.
+NodeText MakeText(std::string_view text);
+NodeText MakeAttributeText(std::string_view name, std::string_view value);
+
 // The way into the nodes' private parts, for this folder alone.
 struct NodeAccess {
   using XMLAttribute = TIMESERIESXML::XMLAttribute;
@@ -55,14 +65,6 @@ struct NodeAccess {
     if (node.text_ != behind) ::operator delete(const_cast<char*>(node.text_));
   }
 };
-
-// Escaped texts in blocks of their own.
-struct OwnedText {
-  const char* text;
-  std::size_t size;
-};
-OwnedText MakeText(std::string_view text);
-OwnedText MakeAttributeText(std::string_view name, std::string_view value);
 
 }  // namespace tsx
 

@@ -14,17 +14,14 @@ XMLAttribute* XMLAttribute::Create(const std::string& name, double value) {
   return tsx::NodeAccess::NewAttribute(name, tsx::NumberText(value).view());
 }
 
-XMLAttribute::XMLAttribute(const std::string& name, const std::string& value) {
-  const auto [text, size] = tsx::MakeAttributeText(name, value);
-  text_ = text;
-  size_ = size;
-}
+XMLAttribute::XMLAttribute(const tsx::NodeText& text) noexcept
+    : text_(text.text), size_(text.size) {}
 
-XMLAttribute::XMLAttribute(const std::string& name, double value) {
-  const auto [text, size] = tsx::MakeAttributeText(name, tsx::NumberText(value).view());
-  text_ = text;
-  size_ = size;
-}
+XMLAttribute::XMLAttribute(const std::string& name, const std::string& value)
+    : XMLAttribute(tsx::MakeAttributeText(name, value)) {}
+
+XMLAttribute::XMLAttribute(const std::string& name, double value)
+    : XMLAttribute(tsx::MakeAttributeText(name, tsx::NumberText(value).view())) {}
 
 XMLAttribute::~XMLAttribute() { tsx::NodeAccess::FreeText(*this); }
 

@@ -6,6 +6,10 @@
 
 #include <tsxport/XMLInterface.h>
 
+namespace tsx {
+struct NodeText;
+}
+
 namespace TIMESERIESXML {
 
 // An attribute: a name and a value. Written as name="value": the name as it stands, the value with
@@ -34,7 +38,7 @@ class TSX_EXPORT XMLAttribute : public XMLInterface {
 
  private:
   friend struct tsx::NodeAccess;
-  XMLAttribute(const char* text, std::size_t size) noexcept : text_(text), size_(size) {}
+  explicit XMLAttribute(const tsx::NodeText& text) noexcept;
 
   const char* text_;
   std::size_t size_;

@@ -6,6 +6,10 @@
 
 #include <tsxport/XMLInterface.h>
 
+namespace tsx {
+struct NodeText;
+}
+
 namespace TIMESERIESXML {
 
 // Character data. Written with "&" as "&amp;" and "<" as "&lt;"; all else, ">" and line feeds too,
@@ -24,7 +28,7 @@ class TSX_EXPORT XMLString : public XMLInterface {
 
  private:
   friend struct tsx::NodeAccess;
-  XMLString(const char* text, std::size_t size) noexcept : text_(text), size_(size) {}
+  explicit XMLString(const tsx::NodeText& text) noexcept;
 
   const char* text_;
   std::size_t size_;

@@ -1,0 +1,309 @@
+#include <algorithm>
+#include <functional>
+#include <gtest/gtest.h>
+#include <sstream>
+#include <stdexcept>
+
+#include <tsxport/WriteTree.h>
+
+#include "bench/LiteralXml.h"
+#include "support/FailingAllocation.h"
+#include "support/FailingStream.h"
+#include "support/ScopedLocale.h"
+#include "xml/Output.h"
+#include "xml/RandomTree.h"
+#include "xml/Text.h"
+
+// A stream must see what it would see if each byte came by os.put(): the literal writer does that.
+namespace {
+
+using std::ios_base;
+
+// Takes bytes one by one through overflow() alone.
+class Unbuffered : public std::streambuf {
+ public:
+  explicit Unbuffered(std::size_t capacity) : capacity_(capacity) {}
+  const std::string& taken() const { return taken_; }
+  int refusals() const { return refusals_; }
+
+ protected:
+  int_type overflow(int_type c) override {
+    if (taken_.size() == capacity_) return Refuse();
+    taken_ += traits_type::to_char_type(c);
+    return c;
+  }
+  virtual int_type Refuse() {
+    ++refusals_;
+    return traits_type::eof();
+  }
+
+ private:
+  std::size_t capacity_;
+  std::string taken_;
+  int refusals_ = 0;
+};
+
+struct DiskFull : std::runtime_error {
+  DiskFull() : std::runtime_error("disk full") {}
+};
+
+class Throwing : public Unbuffered {
+ public:
+  using Unbuffered::Unbuffered;
+
+ protected:
+  int_type Refuse() override { throw DiskFull(); }
+};
+
+// Refuses one byte and would take the next again.
+class RefusingOnce : public Unbuffered {
+ public:
+  explicit RefusingOnce(std::size_t at) : Unbuffered(1U << 30U), at_(at) {}
+
+ protected:
+  int_type overflow(int_type c) override {
+    if (taken().size() == at_ && !refused_) {
+      refused_ = true;
+      return Refuse();
+    }
+    return Unbuffered::overflow(c);
+  }
+
+ private:
+  std::size_t at_;
+  bool refused_ = false;
+};
+
+// Collects five bytes at a time.
+class Buffered : public std::streambuf {
+ public:
+  explicit Buffered(std::size_t capacity) : capacity_(capacity) { setp(buffer_, buffer_ + 5); }
+  std::string taken() const { return taken_ + std::string(pbase(), pptr()); }
+
+ protected:
+  int_type overflow(int_type c) override {
+    if (taken_.size() + 5 > capacity_) return traits_type::eof();
+    taken_.append(pbase(), pptr());
+    setp(buffer_, buffer_ + 5);
+    return sputc(traits_type::to_char_type(c));
+  }
+
+ private:
+  std::size_t capacity_;
+  std::string taken_;
+  char buffer_[5];
+};
+
+// Fails to synchronise when it has that many bytes.
+class FailingSync : public Unbuffered {
+ public:
+  explicit FailingSync(std::size_t at) : Unbuffered(1U << 30U), at_(at) {}
+
+ protected:
+  int sync() override { return taken().size() >= at_ ? -1 : 0; }
+
+ private:
+  std::size_t at_;
+};
+
+struct Flushed : std::streambuf {
+  int sync() override { return ++flushes, 0; }
+  int flushes = 0;
+};
+
+struct Seen {
+  std::string taken;
+  ios_base::iostate state = ios_base::goodbit;
+  std::string thrown;
+
+  bool operator==(const Seen&) const = default;
+};
+
+void PrintTo(const Seen& seen, std::ostream* os) {
+  *os << seen.taken.size() << " bytes, state " << seen.state << ", thrown: " << seen.thrown;
+}
+
+using Write = std::function<void(std::ostream&)>;
+
+template <typename Buffer>
+Seen Watch(std::size_t capacity, ios_base::iostate exceptions, ios_base::fmtflags flags,
+           const Write& write) {
+  Buffer buffer(capacity);
+  std::ostream os(&buffer);
+  os.flags(os.flags() | flags);
+  os.exceptions(exceptions);
+  Seen seen;
+  try {
+    write(os);
+  } catch (const DiskFull&) {
+    seen.thrown = "disk full";
+  } catch (const ios_base::failure&) {
+    seen.thrown = "failure";
+  }
+  seen.taken = buffer.taken();
+  seen.state = os.rdstate();
+  return seen;
+}
+
+// Our write and the literal one into such a buffer, failing at every byte in turn.
+template <typename Buffer>
+void ExpectSame(const Write& ours, const Write& literal, std::size_t length,
+                ios_base::iostate exceptions, ios_base::fmtflags flags = {}) {
+  const std::size_t step = std::max<std::size_t>(1, length / 150);
+  for (std::size_t capacity = 0; capacity <= length + 1; capacity += step) {
+    const Seen expected = Watch<Buffer>(capacity, exceptions, flags, literal);
+    ASSERT_EQ(Watch<Buffer>(capacity, exceptions, flags, ours), expected)
+        << "failing after " << capacity << " bytes, exceptions " << exceptions;
+  }
+}
+
+template <typename Buffer>
+void ExpectSameWithAnyExceptions(const Write& ours, const Write& literal, std::size_t length) {
+  for (const auto exceptions : {ios_base::goodbit, ios_base::badbit, ios_base::failbit,
+                                ios_base::badbit | ios_base::failbit}) {
+    ExpectSame<Buffer>(ours, literal, length, exceptions);
+  }
+}
+
+class Streams : public testing::TestWithParam<int> {
+ protected:
+  // Some hundreds of bytes, and some ten thousands: several of our blocks.
+  Streams() : trees_(test::RandomTrees(7, GetParam())) {
+    std::ostringstream out;
+    literal_(out);
+    length_ = out.str().size();
+  }
+
+  test::TreePair trees_;
+  std::size_t length_ = 0;
+  Write ours_ = [this](std::ostream& os) {
+    TIMESERIESXML::WriteTree(os, nullptr, trees_.ours.get(), true);
+  };
+  Write literal_ = [this](std::ostream& os) {
+    literal::WriteTree(os, nullptr, trees_.literal.get(), true);
+  };
+};
+
+TEST_P(Streams, FullDiskAtEveryByte) {
+  ExpectSameWithAnyExceptions<test::FailingStreambuf>(ours_, literal_, length_);
+}
+TEST_P(Streams, UnbufferedAtEveryByte) {
+  ExpectSameWithAnyExceptions<Unbuffered>(ours_, literal_, length_);
+}
+TEST_P(Streams, BufferedAtEveryByte) {
+  ExpectSameWithAnyExceptions<Buffered>(ours_, literal_, length_);
+}
+TEST_P(Streams, BufferThatThrowsAtEveryByte) {
+  ExpectSameWithAnyExceptions<Throwing>(ours_, literal_, length_);
+}
+TEST_P(Streams, BufferThatRefusesOneByteOnly) {
+  ExpectSameWithAnyExceptions<RefusingOnce>(ours_, literal_, length_);
+}
+TEST_P(Streams, FlushingAfterEachByteFails) {
+  // No exceptions: the standard library's would leave a destructor and end the program.
+  ExpectSame<FailingSync>(ours_, literal_, length_, ios_base::goodbit, ios_base::unitbuf);
+}
+
+TEST_P(Streams, TextCutByConversionAtEveryByte) {
+  const Write ours = [this](std::ostream& os) {
+    TIMESERIESXML::WriteTreeUTF8(os, nullptr, trees_.ours.get(), true);
+  };
+  const Write literal = [this](std::ostream& os) {
+    literal::WriteTreeUTF8(os, nullptr, trees_.literal.get(), true);
+  };
+  ExpectSameWithAnyExceptions<Unbuffered>(ours, literal, length_);
+}
+
+TEST_P(Streams, StreamThatIsNotGoodTakesNothing) {
+  for (const ios_base::iostate state : {ios_base::failbit, ios_base::eofbit, ios_base::badbit}) {
+    const auto broken = [state](const Write& write) -> Write {
+      return [state, &write](std::ostream& os) {
+        os.setstate(state);
+        write(os);
+      };
+    };
+    const Seen expected = Watch<Unbuffered>(length_, {}, {}, broken(literal_));
+    EXPECT_EQ(expected.taken, "");
+    EXPECT_EQ(Watch<Unbuffered>(length_, {}, {}, broken(ours_)), expected);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Small, Streams, testing::Values(10));
+INSTANTIATE_TEST_SUITE_P(Large, Streams, testing::Values(600));
+
+TEST(WriteBytes, RefusedByteIsOfferedOnce) {
+  Unbuffered buffer(3);
+  std::ostream os(&buffer);
+  TIMESERIESXML::Write(os, "abcdef");
+  TIMESERIESXML::Write(os, "ghi");
+  EXPECT_EQ(buffer.taken(), "abc");
+  EXPECT_EQ(buffer.refusals(), 1);
+}
+
+TEST(WriteBytes, LastByteRefusedMakesTheStreamBadButNotFailed) {
+  Unbuffered buffer(2);
+  std::ostream os(&buffer);
+  TIMESERIESXML::Write(os, "abc");
+  EXPECT_EQ(os.rdstate(), ios_base::badbit);
+}
+
+TEST(WriteBytes, ByteBehindARefusedOneMakesTheStreamFailToo) {
+  Unbuffered buffer(2);
+  std::ostream os(&buffer);
+  TIMESERIESXML::Write(os, "abcd");
+  EXPECT_EQ(os.rdstate(), ios_base::badbit | ios_base::failbit);
+}
+
+TEST(WriteBytes, NothingToWriteLeavesABadStreamAlone) {
+  std::ostream os(nullptr);
+  TIMESERIESXML::Write(os, "");
+  EXPECT_EQ(os.rdstate(), ios_base::badbit);
+}
+
+TEST(WriteBytes, StreamWithoutABufferFails) {
+  std::ostream os(nullptr);
+  TIMESERIESXML::Write(os, "a");
+  EXPECT_EQ(os.rdstate(), ios_base::badbit | ios_base::failbit);
+}
+
+TEST(WriteBytes, TiedStreamIsFlushedFirst) {
+  Flushed prompt;
+  std::ostream first(&prompt);
+  Buffered buffer(100);
+  std::ostream second(&buffer);
+  second.tie(&first);
+  TIMESERIESXML::Write(second, "abcdefg");
+  EXPECT_GT(prompt.flushes, 0);
+  EXPECT_EQ(buffer.taken(), "abcdefg");
+}
+
+TEST(WriteBytes, NulBytesAreWritten) {
+  std::ostringstream os;
+  const std::string withNul("a\0b", 3);
+  TIMESERIESXML::Write(os, withNul);
+  EXPECT_EQ(os.str(), withNul);
+}
+
+TEST(ThrowingStream, LeavesTheTreeWholeAndLeaksNothing) {
+  const test::ScopedLocale german("de_DE.ISO-8859-1");  // converts every byte
+  const test::TreePair trees = test::RandomTrees(3, 300);
+  const std::string before = test::StringOf(*trees.ours);
+  for (const bool utf8 : {false, true}) {
+    for (std::size_t capacity = 0; capacity < before.size(); capacity += 500) {
+      const long blocks = test::LiveBlocks();
+      {
+        const Seen seen =
+            Watch<test::FailingStreambuf>(capacity, ios_base::badbit, {}, [&](std::ostream& os) {
+              TIMESERIESXML::ExportFormat format;
+              trees.ours->ToStream(os, format, utf8);
+            });
+        EXPECT_EQ(seen.thrown, "failure");
+        EXPECT_EQ(seen.taken.size(), capacity);
+      }
+      EXPECT_EQ(test::LiveBlocks(), blocks);
+    }
+  }
+  EXPECT_EQ(test::StringOf(*trees.ours), before);
+}
+
+}  // namespace
