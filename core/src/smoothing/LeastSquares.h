@@ -1,52 +1,77 @@
 #ifndef TSFFIT_SMOOTHING_LEASTSQUARES_H_
 #define TSFFIT_SMOOTHING_LEASTSQUARES_H_
 
-#include <Eigen/Core>
 #include <cstddef>
 #include <span>
+#include <vector>
 
 #include "smoothing/Recursion.h"
 
 namespace tsffit {
 
-// The sum of squared one-step errors of one kind on one series, as a function of a parameter
-// vector: the weights (order of ESModelSpec), then level, trend and seasonal values before the
-// first case. The series is borrowed and should be of unit size.
+// Where each parameter of a kind stands in the vector that is searched: the weights (in the order
+// of ESModelSpec), then level, trend and seasonal values before the first case.
+struct ParameterLayout {
+  std::size_t level = 0;
+  std::size_t trend = 0;   // meaningful for kinds with a trend
+  std::size_t season = 0;  // first of them; meaningful for kinds with a season
+  std::size_t size = 0;
+};
+
+ParameterLayout LayoutOf(const KindTraits& traits, std::size_t seasonLength);
+
+// The sum of squared one-step errors of one kind on one series, as a function of that vector.
+// Borrows the series, which should be of unit size. Not shared between threads: it keeps the
+// path of the last evaluation.
 class SmoothingProblem {
  public:
-  // J'J, J'e and e'e for errors e and their Jacobian J; only the lower triangle of `matrix` is set.
-  struct NormalEquations {
-    double sse = 0;
-    Eigen::VectorXd gradient;
-    Eigen::MatrixXd matrix;
-  };
-
-  // `season_length` is 1 for kinds without a season.
+  // `seasonLength` is 1 for kinds without a season.
   SmoothingProblem(const KindTraits& traits, std::span<const double> series,
                    std::size_t seasonLength);
 
   const KindTraits& Traits() const { return traits_; }
   std::span<const double> Series() const { return series_; }
   std::size_t SeasonLength() const { return season_length_; }
+  const ParameterLayout& Layout() const { return layout_; }
+  std::size_t WeightCount() const { return layout_.level; }
 
-  Eigen::Index Size() const { return size_; }
-  Eigen::Index WeightCount() const { return traits_.weight_count; }
-  Eigen::VectorXd Pack(std::span<const double> weights, const Components& start) const;
-  Gains GainsAt(const Eigen::VectorXd& parameters) const;
-  Components StartAt(const Eigen::VectorXd& parameters) const;
+  std::vector<double> Pack(std::span<const double> weights, const Components& start) const;
+  Gains GainsAt(std::span<const double> parameters) const;
+  Components StartAt(std::span<const double> parameters) const;
 
-  // Sum of squared errors; infinite outside the region of a multiplicative model.
-  double Sse(const Eigen::VectorXd& parameters) const;
+  // The sum of squares; infinite outside the region of a multiplicative model. Allocates nothing.
+  double Sse(std::span<const double> parameters);
 
-  // Exact derivatives by forward sensitivities: the same loop carries the derivatives of level,
-  // trend and seasonal values by every parameter. False outside the region.
-  bool Linearise(const Eigen::VectorXd& parameters, NormalEquations& out) const;
+  // The same with its exact gradient, by the adjoint of the recursion: one walk forward that keeps
+  // the path, one backward that carries the derivatives by level, trend and seasonal values, so
+  // that the cost does not grow with the number of parameters (Griewank and Walther 2008,
+  // "Evaluating derivatives", chapter 3). An infinite sum has no gradient: `gradient` is zeroed.
+  double Sse(std::span<const double> parameters, std::span<double> gradient);
 
  private:
+  // The recursion at one case, before its correction.
+  struct Moment {
+    double line = 0;  // q = level + damping * trend
+    double trend = 0;
+    double season = 0;
+    double per_line = 0;    // 1 / q and 1 / S of a multiplicative model
+    double per_season = 0;
+    double error = 0;  // 0 for a missing case
+  };
+
+  template <bool kTrend, Season kSeason>
+  double Forward(const Gains& gains);
+  template <bool kTrend, Season kSeason>
+  Gains Backward(const Gains& gains, std::span<double> gradient);
+  void LoadStart(std::span<const double> parameters);
+
   KindTraits traits_;
   std::span<const double> series_;
   std::size_t season_length_;
-  Eigen::Index size_;
+  ParameterLayout layout_;
+  Components components_;
+  std::vector<Moment> path_;
+  std::vector<double> season_adjoint_;
 };
 
 }  // namespace tsffit

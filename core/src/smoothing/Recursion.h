@@ -25,9 +25,9 @@ inline constexpr double kLeastSeasonFactor = 1e-6;
 inline constexpr double kLeastTrendLine = 1e-8;
 
 // One step of the error-correction form. With q = level + damping * trend and e = y - forecast:
-//   additive or no season: forecast q + S,  level' = q + gl e,        trend' = phi trend + gt e,
+//   additive or no season: forecast q + S,  level' = q + gl e,       trend' = phi trend + gt e,
 //                          S' = S + gs e
-//   multiplicative:        forecast q S,    level' = q + gl e / S,    trend' = trend + gt e / S,
+//   multiplicative:        forecast q S,    level' = q + gl e / S,   trend' = trend + gt e / S,
 //                          S' = S + gs e / q
 // Gardner (1985), table 1; the multiplicative form is that of Ord, Koehler and Snyder (1997),
 // "Estimation and prediction for a class of dynamic nonlinear statistical models", Journal of the
@@ -48,19 +48,32 @@ struct Step {
     if constexpr (kSeason == Season::kMultiplicative) return q * s;
     return kSeason == Season::kNone ? q : q + s;
   }
-  static void Correct(Components& c, const Gains& g, std::size_t position, double q, double e) {
-    double correction = e;
-    if constexpr (kSeason == Season::kMultiplicative) correction = e / c.season[position];
-    c.level = q + g.level * correction;
-    if constexpr (kTrend) c.trend = g.damping * c.trend + g.trend * correction;
-    if constexpr (kSeason == Season::kAdditive) c.season[position] += g.season * e;
-    if constexpr (kSeason == Season::kMultiplicative) c.season[position] += g.season * e / q;
+  // Takes in the observation `y` at trend line `q`. The ratios are written y / S - q and y / q - S,
+  // so that the divisions do not wait for one another.
+  static void Correct(Components& c, const Gains& g, std::size_t position, double q, double y) {
+    if constexpr (kSeason == Season::kMultiplicative) {
+      const double s = c.season[position];
+      const double correction = y / s - q;
+      c.level = q + g.level * correction;
+      c.trend += g.trend * correction;
+      c.season[position] = s + g.season * (y / q - s);
+    } else {
+      const double e = y - Forecast(q, kSeason == Season::kNone ? 0 : c.season[position]);
+      c.level = q + g.level * e;
+      if constexpr (kTrend) c.trend = g.damping * c.trend + g.trend * e;
+      if constexpr (kSeason == Season::kAdditive) c.season[position] += g.season * e;
+    }
+  }
+  // Passes a missing case: its error counts as 0.
+  static void Pass(Components& c, const Gains& g, double q) {
+    c.level = q;
+    if constexpr (kTrend) c.trend *= g.damping;
   }
 };
 
 // Walks `series` from `components` (left at the state after the last case) and tells
-// `onCase(case, forecast)` each one-step forecast. A missing case is passed over: its error counts
-// as 0. False, and stopped there, when a multiplicative model leaves its region.
+// `onCase(case, forecast)` each one-step forecast. False, and stopped there, when a multiplicative
+// model leaves its region.
 template <bool kTrend, Season kSeason, class OnCase>
 bool Walk(std::span<const double> series, const Gains& gains, Components& components,
           OnCase&& onCase) {
@@ -70,10 +83,12 @@ bool Walk(std::span<const double> series, const Gains& gains, Components& compon
     const double q = OneStep::TrendLine(components, gains);
     const double s = kSeason == Season::kNone ? 0 : components.season[position];
     if (!OneStep::Allows(q, s)) return false;
-    const double forecast = OneStep::Forecast(q, s);
-    onCase(t, forecast);
-    const double e = series[t] == MV::gMissingValue ? 0 : series[t] - forecast;
-    OneStep::Correct(components, gains, position, q, e);
+    onCase(t, OneStep::Forecast(q, s));
+    if (series[t] == MV::gMissingValue) {
+      OneStep::Pass(components, gains, q);
+    } else {
+      OneStep::Correct(components, gains, position, q, series[t]);
+    }
     if (kSeason != Season::kNone && ++position == components.season.size()) position = 0;
   }
   return true;

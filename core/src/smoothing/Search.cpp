@@ -2,8 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <vector>
 
+#include "smoothing/ComponentSolve.h"
+#include "smoothing/Minimise.h"
 #include "smoothing/Starts.h"
 
 namespace tsffit {
@@ -11,59 +12,137 @@ namespace tsffit {
 namespace {
 
 struct Candidate {
-  Eigen::VectorXd parameters;
-  SolverSummary summary;
+  std::vector<double> parameters;
+  double sse = 0;
+  int evaluations = 0;
 };
 
-// Solves for the starting components at fixed weights. Where the errors are affine in them one
-// step does; else two bring them near enough to rank the weights.
-Candidate SolveStart(const SmoothingProblem& problem, const std::vector<double>& weights,
-                     const Components& rough, double exactSse) {
-  SolverOptions options;
-  options.max_iterations = problem.Traits().season == Season::kMultiplicative ? 2 : 1;
-  options.exact_sse = exactSse;
-  options.initial_damping = 1e-9;
-  options.hold_weights = true;
-  Candidate candidate{problem.Pack(weights, rough), {}};
-  candidate.summary = Minimise(problem, options, candidate.parameters);
-  return candidate;
+// How much is tried.
+struct Effort {
+  std::size_t followed;  // best candidates that are followed for a while
+  int short_run;         // evaluations
+  std::size_t finished;  // best of those that are followed to the end
+};
+
+// Enough where the surface has one basin of note. When the best point of the first round is not
+// reached from a second start, there are several and the second round tries all starts for long.
+constexpr Effort kFirstRound = {.followed = 12, .short_run = 25, .finished = 4};
+constexpr Effort kSecondRound = {.followed = 200, .short_run = 300, .finished = 8};
+constexpr Effort kLongSeries = {.followed = 6, .short_run = 25, .finished = 2};
+constexpr int kLongRun = 1000;
+constexpr int kRestarts = 4;
+
+// Two sums of squares that differ by less than this share belong to the same basin.
+constexpr double kSameBasin = 1e-4;
+
+constexpr std::size_t kLongSeriesCases = 5000;
+
+// Solving for k starting components costs n k^2 where an evaluation costs n.
+constexpr std::size_t kManyComponents = 100;
+
+bool CanSolve(const SmoothingProblem& problem) { return problem.Layout().size <= kManyComponents; }
+
+void SortBySse(std::vector<Candidate>& candidates) {
+  std::stable_sort(candidates.begin(), candidates.end(),
+                   [](const auto& a, const auto& b) { return a.sse < b.sse; });
 }
 
-void Follow(const SmoothingProblem& problem, int iterations, double exactSse,
-            std::vector<Candidate>& candidates, int count) {
-  SolverOptions options;
-  options.max_iterations = iterations;
-  options.exact_sse = exactSse;
-  candidates.resize(std::min(candidates.size(), static_cast<std::size_t>(count)));
-  for (Candidate& candidate : candidates) {
-    const int before = candidate.summary.iterations;
-    candidate.summary = Minimise(problem, options, candidate.parameters);
-    candidate.summary.iterations += before;
+void Follow(SmoothingProblem& problem, const MinimiseOptions& options, Candidate& candidate) {
+  const MinimiseSummary summary = Minimise(problem, options, candidate.parameters);
+  candidate.sse = summary.sse;
+  candidate.evaluations += summary.evaluations;
+}
+
+// The rough start with its line laid flat through the first season.
+Components Flat(Components start) {
+  start.level += start.trend * static_cast<double>(start.season.size()) / 2;
+  start.trend = 0;
+  return start;
+}
+
+// Spread weights with their starting components solved for, from the rough ones, or from flat ones
+// where those lie outside the region of a multiplicative model. Ends at a sum that is rounding.
+std::vector<Candidate> Spread(SmoothingProblem& problem, double exactSse) {
+  const Components rough = RoughStart(problem);
+  std::vector<Candidate> candidates;
+  for (const auto& weights : SpreadWeights(problem.Traits())) {
+    Candidate candidate{problem.Pack(weights, rough)};
+    if (!std::isfinite(problem.Sse(candidate.parameters))) {
+      candidate.parameters = problem.Pack(weights, Flat(rough));
+    }
+    candidate.sse = CanSolve(problem) ? SolveComponents(problem, candidate.parameters)
+                                      : problem.Sse(candidate.parameters);
+    candidates.push_back(std::move(candidate));
+    if (candidates.back().sse <= exactSse) break;
   }
-  std::stable_sort(candidates.begin(), candidates.end(), [](const auto& a, const auto& b) {
-    return a.summary.sse < b.summary.sse;
-  });
+  return candidates;
+}
+
+// The same weights with flat starting components as they are: for a multiplicative model, whose
+// basins depend on the components too.
+void AddFlat(SmoothingProblem& problem, std::vector<Candidate>& candidates) {
+  if (problem.Traits().season != Season::kMultiplicative) return;
+  const Components flat = Flat(RoughStart(problem));
+  for (const auto& weights : SpreadWeights(problem.Traits())) {
+    Candidate candidate{problem.Pack(weights, flat)};
+    candidate.sse = problem.Sse(candidate.parameters);
+    candidates.push_back(std::move(candidate));
+  }
+}
+
+// Follows the best `count` candidates for `evaluations` each; the others are dropped.
+void FollowBest(SmoothingProblem& problem, std::size_t count, int evaluations, double exactSse,
+                std::vector<Candidate>& candidates) {
+  const MinimiseOptions options{.max_evaluations = evaluations, .exact_sse = exactSse};
+  candidates.resize(std::min(candidates.size(), count));
+  for (Candidate& candidate : candidates) Follow(problem, options, candidate);
+  SortBySse(candidates);
+}
+
+void Round(SmoothingProblem& problem, const Effort& effort, double exactSse,
+           std::vector<Candidate>& candidates) {
+  FollowBest(problem, effort.followed, effort.short_run, exactSse, candidates);
+  FollowBest(problem, effort.finished, kLongRun, exactSse, candidates);
+}
+
+// Whether the two best candidates came to the same place.
+bool Confirmed(const std::vector<Candidate>& candidates) {
+  return candidates.size() < 2 || candidates[1].sse <= (1 + kSameBasin) * candidates[0].sse;
+}
+
+// Runs on until a search begun anew, with BFGS's memory wiped, gains nothing. True when it did so.
+bool Finish(SmoothingProblem& problem, double exactSse, Candidate& candidate) {
+  const MinimiseOptions options{.max_evaluations = kLongRun, .exact_sse = exactSse};
+  for (int run = 0; run < kRestarts; ++run) {
+    const double before = candidate.sse;
+    Follow(problem, options, candidate);
+    if (before - candidate.sse <= options.function_tolerance * before) return true;
+  }
+  return false;
+}
+
+SearchResult Result(Candidate&& best, int starts, bool converged) {
+  return {std::move(best.parameters), best.sse, best.evaluations, starts, converged};
 }
 
 }  // namespace
 
-SearchResult Search(const SmoothingProblem& problem, const SearchOptions& options) {
-  const Components rough = RoughStart(problem);
-  std::vector<Candidate> candidates;
-  int starts = 0;
-  for (const auto& weights : SpreadWeights(problem.Traits())) {
-    ++starts;
-    candidates.push_back(SolveStart(problem, weights, rough, options.exact_sse));
-    if (candidates.back().summary.sse <= options.exact_sse) {
-      return {candidates.back().parameters, candidates.back().summary, starts};
-    }
+SearchResult Search(SmoothingProblem& problem, double exactSse) {
+  std::vector<Candidate> spread = Spread(problem, exactSse);
+  const auto starts = static_cast<int>(spread.size());
+  if (spread.back().sse <= exactSse) return Result(std::move(spread.back()), starts, true);
+  SortBySse(spread);
+
+  std::vector<Candidate> candidates = spread;
+  const bool isLong = problem.Series().size() > kLongSeriesCases;
+  Round(problem, isLong ? kLongSeries : kFirstRound, exactSse, candidates);
+  if (!isLong && !Confirmed(candidates)) {
+    candidates = std::move(spread);
+    AddFlat(problem, candidates);
+    Round(problem, kSecondRound, exactSse, candidates);
   }
-  std::stable_sort(candidates.begin(), candidates.end(), [](const auto& a, const auto& b) {
-    return a.summary.sse < b.summary.sse;
-  });
-  Follow(problem, options.short_iterations, options.exact_sse, candidates, options.refined);
-  Follow(problem, options.max_iterations, options.exact_sse, candidates, options.finished);
-  return {candidates[0].parameters, candidates[0].summary, starts};
+  const bool converged = Finish(problem, exactSse, candidates[0]);
+  return Result(std::move(candidates[0]), starts, converged);
 }
 
 }  // namespace tsffit

@@ -1,30 +1,25 @@
 #ifndef TSFFIT_SMOOTHING_SEARCH_H_
 #define TSFFIT_SMOOTHING_SEARCH_H_
 
-#include <Eigen/Core>
+#include <vector>
 
-#include "smoothing/BoundedLeastSquares.h"
 #include "smoothing/LeastSquares.h"
 
 namespace tsffit {
 
-struct SearchOptions {
-  double exact_sse = 0;     // a sum of squares at or below this is rounding alone
-  int refined = 8;          // best starts that are followed for a few iterations
-  int short_iterations = 8;
-  int finished = 3;         // best of those that are followed to the end
-  int max_iterations = 200;
-};
-
 struct SearchResult {
-  Eigen::VectorXd parameters;
-  SolverSummary summary;
-  int starts = 0;
+  std::vector<double> parameters;
+  double sse = 0;
+  int evaluations = 0;     // of the sum of squares, from the winning start
+  int starts = 0;          // weight vectors tried
+  bool converged = false;  // a search begun anew at the solution gained nothing
 };
 
-// Looks for the least sum of squares over weights and starting components: solves for the
-// components at weights spread over the box, then follows the best of them. Deterministic.
-SearchResult Search(const SmoothingProblem& problem, const SearchOptions& options);
+// Looks for the least sum of squares over weights and starting components: tries weights spread
+// over the box with the starting components solved for, follows the best of them, and the best of
+// those to the end. Stops at once when a sum is at most `exactSse`: what is left is rounding.
+// Deterministic.
+SearchResult Search(SmoothingProblem& problem, double exactSse);
 
 }  // namespace tsffit
 

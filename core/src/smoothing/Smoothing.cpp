@@ -53,7 +53,7 @@ struct Replay {
   Components final;
 };
 
-Replay ReplayAt(const SmoothingProblem& problem, const Eigen::VectorXd& parameters,
+Replay ReplayAt(const SmoothingProblem& problem, const std::vector<double>& parameters,
                 const Scale& scale) {
   Replay replay;
   replay.final = problem.StartAt(parameters);
@@ -100,30 +100,29 @@ class Fitter {
   }
 
   void Run(SmoothingFit& fit) const {
-    const SmoothingProblem problem(traits_, scaled_, season_length_);
-    SearchOptions search;
+    SmoothingProblem problem(traits_, scaled_, season_length_);
     const double rounding = RoundingError(modelled_, scale_.unit);
-    search.exact_sse = rounding * rounding * static_cast<double>(CountObserved(observed_));
-    const SearchResult found = Search(problem, search);
-    const bool exact = found.summary.sse <= search.exact_sse;
+    const double exactSse = rounding * rounding * static_cast<double>(CountObserved(observed_));
+    const SearchResult found = Search(problem, exactSse);
+    const bool exact = found.sse <= exactSse;
 
     Replay replay = ReplayAt(problem, found.parameters, scale_);
     if (exact) TakeObserved(replay.forecasts);
-    fit.summary = {.sse = exact ? 0 : found.summary.sse * scale_.unit * scale_.unit,
-                   .iterations = found.summary.iterations,
+    fit.summary = {.sse = exact ? 0 : found.sse * scale_.unit * scale_.unit,
+                   .iterations = found.evaluations,
                    .starts = found.starts,
-                   .converged = found.summary.converged};
+                   .converged = found.converged};
     fit.fitted = FittedOnOriginalScale(replay.forecasts);
 
-    const Eigen::VectorXd weights = found.parameters.head(problem.WeightCount());
-    std::vector<double> stdErrors(static_cast<std::size_t>(weights.size()), MV::gMissingValue);
+    const std::size_t weights = problem.WeightCount();
+    std::vector<double> stdErrors(weights, MV::gMissingValue);
     if (!exact) stdErrors = WeightStdErrors(problem, found.parameters);
     auto state = std::make_unique<ESForecastState>(ESForecastState::Fields{
         .spec = ESModelSpec(ESModelSpec::ForKind(options_.kind, options_.season_length,
                                                  options_.function_type)),
-        .estimates = std::valarray<double>(weights.data(), static_cast<std::size_t>(weights.size())),
+        .estimates = std::valarray<double>(found.parameters.data(), weights),
         .std_errors = std::valarray<double>(stdErrors.data(), stdErrors.size()),
-        .smoothed = Exported(traits_, replay.final, weights[0], observed_.size())});
+        .smoothed = Exported(traits_, replay.final, found.parameters[0], observed_.size())});
     TSFModelImp::Fields model;
     model.state = std::move(state);
     model.info = EstimationInfo(Statistics(replay.forecasts, fit.fitted));

@@ -1,7 +1,6 @@
 #include "smoothing/Starts.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace tsffit {
 
@@ -40,52 +39,63 @@ double CentredMean(std::span<const double> series, std::size_t t, std::size_t le
   return count > 0 ? sum / count : MV::gMissingValue;
 }
 
-// Mean ratio of each position of the cycle to the centred mean, scaled to mean 1.
-std::vector<double> SeasonFactors(std::span<const double> series, std::size_t length) {
+double Without(double y, double seasonal, Season season) {
+  return season == Season::kMultiplicative ? y / seasonal : y - seasonal;
+}
+
+// Mean ratio or deviation of each position of the cycle from the centred mean.
+std::vector<double> SeasonalValues(std::span<const double> series, std::size_t length,
+                                   Season season) {
+  const bool ratios = season == Season::kMultiplicative;
   std::vector<double> sum(length, 0.0);
   std::vector<double> count(length, 0.0);
   for (std::size_t t = 0; t < series.size(); ++t) {
     const double mean = CentredMean(series, t, length);
     if (series[t] == MV::gMissingValue || mean == MV::gMissingValue) continue;
-    sum[t % length] += series[t] / mean;
+    sum[t % length] += Without(series[t], mean, season);
     count[t % length] += 1;
   }
-  double total = 0;
   for (std::size_t j = 0; j < length; ++j) {
-    sum[j] = std::max(count[j] > 0 ? sum[j] / count[j] : 1, 10 * kLeastSeasonFactor);
-    total += sum[j];
+    sum[j] = count[j] > 0 ? sum[j] / count[j] : (ratios ? 1 : 0);
+    if (ratios) sum[j] = std::max(sum[j], 10 * kLeastSeasonFactor);
   }
-  for (double& factor : sum) factor *= static_cast<double>(length) / total;
   return sum;
 }
 
-// Least-squares line through the first cases after taking out the season, as the level before the
-// first case and the slope. Falls back to a flat line where the line would start below 0.
-void FitLine(std::span<const double> series, Components& start) {
-  const std::size_t length = start.season.size();
+// Least-squares line through the first cases after taking out the season. A multiplicative model
+// gets a flat one where the line would run below 0 somewhere in the series.
+void FitLine(const SmoothingProblem& problem, Components& start) {
+  const std::span<const double> series = problem.Series();
+  const Season season = problem.Traits().season;
+  const std::size_t length = problem.SeasonLength();
   const std::size_t cases = std::min(series.size(), std::max<std::size_t>(2 * length, 10));
-  double n = 0;
-  double meanX = 0;
-  double meanY = 0;
   const auto each = [&](auto&& use) {
     for (std::size_t t = 0; t < cases; ++t) {
       if (series[t] == MV::gMissingValue) continue;
-      use(static_cast<double>(t + 1), series[t] / start.season[t % length]);
+      const double y = season == Season::kNone
+                           ? series[t]
+                           : Without(series[t], start.season[t % length], season);
+      use(static_cast<double>(t + 1), y);
     }
   };
+  double n = 0;
+  double meanX = 0;
+  double meanY = 0;
   each([&](double x, double y) { n += 1, meanX += x, meanY += y; });
-  start.level = 1;
-  if (n == 0) return;
   meanX /= n;
   meanY /= n;
   double xx = 0;
   double xy = 0;
-  each([&](double x, double y) { xx += (x - meanX) * (x - meanX), xy += (x - meanX) * (y - meanY); });
-  const double slope = xx > 0 ? xy / xx : 0;
+  each([&](double x, double y) {
+    xx += (x - meanX) * (x - meanX);
+    xy += (x - meanX) * (y - meanY);
+  });
+  const double slope = xx > 0 && problem.Traits().trend ? xy / xx : 0;
   const double level = meanY - slope * meanX;
-  const bool positive = level > 0 && level + slope * static_cast<double>(series.size()) > 0;
-  start.level = positive ? level : meanY;
-  start.trend = positive ? slope : 0;
+  const double least = std::min(level, level + slope * static_cast<double>(series.size()));
+  const bool usable = season != Season::kMultiplicative || least > 0;
+  start.level = usable ? level : meanY;
+  start.trend = usable ? slope : 0;
 }
 
 }  // namespace
@@ -107,13 +117,11 @@ std::vector<std::vector<double>> SpreadWeights(const KindTraits& traits) {
 
 Components RoughStart(const SmoothingProblem& problem) {
   Components start;
-  if (problem.Traits().season == Season::kNone) return start;
-  if (problem.Traits().season == Season::kAdditive) {
-    start.season.assign(problem.SeasonLength(), 0.0);
-    return start;
+  const KindTraits& traits = problem.Traits();
+  if (traits.season != Season::kNone) {
+    start.season = SeasonalValues(problem.Series(), problem.SeasonLength(), traits.season);
   }
-  start.season = SeasonFactors(problem.Series(), problem.SeasonLength());
-  FitLine(problem.Series(), start);
+  FitLine(problem, start);
   return start;
 }
 

@@ -1,6 +1,7 @@
 #include "smoothing/StdErrors.h"
 
 #include <Eigen/Cholesky>
+#include <Eigen/Core>
 #include <algorithm>
 #include <cmath>
 
@@ -11,58 +12,93 @@ namespace {
 using Eigen::Index;
 using Eigen::MatrixXd;
 
-// Share of a column that must be left after the other parameters have explained theirs.
-constexpr double kLeastShare = 1e-10;
+// Beyond so many starting components those of the season are held, not concentrated out.
+constexpr std::size_t kMostComponents = 600;
 
-// J'J of the weights after the starting components have been eliminated (the Schur complement).
-// The tiny ridge settles the one direction in which a season and the level may trade constants;
-// it touches no weight.
-MatrixXd EliminateComponents(const MatrixXd& full, Index weights) {
-  const Index rest = full.rows() - weights;
-  MatrixXd components = full.bottomRightCorner(rest, rest);
-  components.diagonal() *= 1 + 1e-12;
-  components.diagonal().array() += 1e-14 * full.diagonal().maxCoeff();
-  const MatrixXd cross = full.bottomLeftCorner(rest, weights);
-  const MatrixXd solved = components.selfadjointView<Eigen::Lower>().ldlt().solve(cross);
-  MatrixXd schur = full.topLeftCorner(weights, weights);
-  schur = MatrixXd(schur.selfadjointView<Eigen::Lower>());
-  return schur - cross.transpose() * solved;
+// Step of the central differences, for parameters of a series of unit size.
+constexpr double kStep = 1e-4;
+
+// Share of its curvature that a weight must keep after the other parameters have adapted.
+constexpr double kLeastShare = 1e-9;
+
+// Parameters whose curvature counts: free weights, then starting components. The last seasonal
+// value is left out, since only its difference from the level counts.
+std::vector<std::size_t> Active(const SmoothingProblem& problem,
+                                const std::vector<double>& parameters) {
+  std::vector<std::size_t> active;
+  for (std::size_t w = 0; w < problem.WeightCount(); ++w) {
+    const double lower = w == 0 ? problem.Traits().least_level_weight : 0;
+    if (parameters[w] > lower && parameters[w] < 1) active.push_back(w);
+  }
+  const bool seasonal = problem.Traits().season != Season::kNone;
+  std::size_t end = problem.Layout().size - (seasonal ? 1 : 0);
+  if (end > kMostComponents) end = problem.Layout().season;
+  for (std::size_t i = problem.WeightCount(); i < end; ++i) active.push_back(i);
+  return active;
 }
 
-std::vector<Index> FreeWeights(const SmoothingProblem& problem, const Eigen::VectorXd& parameters,
-                               const MatrixXd& full, const MatrixXd& schur) {
-  std::vector<Index> free;
-  for (Index w = 0; w < problem.WeightCount(); ++w) {
-    const double lower = w == 0 ? problem.Traits().least_level_weight : 0;
-    const bool inside = parameters[w] > lower && parameters[w] < 1;
-    if (inside && schur(w, w) > kLeastShare * full(w, w)) free.push_back(w);
+// Second derivatives of half the sum of squares by the active parameters: central differences of
+// the exact gradient. Empty when a step leaves the region of the model.
+MatrixXd Hessian(SmoothingProblem& problem, const std::vector<double>& parameters,
+                 const std::vector<std::size_t>& active) {
+  const auto count = static_cast<Index>(active.size());
+  MatrixXd hessian(count, count);
+  std::vector<double> x = parameters;
+  std::vector<double> up(x.size());
+  std::vector<double> down(x.size());
+  for (Index column = 0; column < count; ++column) {
+    const std::size_t i = active[static_cast<std::size_t>(column)];
+    x[i] = parameters[i] + kStep;
+    const bool upInside = std::isfinite(problem.Sse(x, up));
+    x[i] = parameters[i] - kStep;
+    if (!upInside || !std::isfinite(problem.Sse(x, down))) return {};
+    x[i] = parameters[i];
+    for (Index row = 0; row < count; ++row) {
+      const std::size_t j = active[static_cast<std::size_t>(row)];
+      hessian(row, column) = (up[j] - down[j]) / (4 * kStep);
+    }
   }
-  return free;
+  return (hessian + hessian.transpose()) / 2;
+}
+
+// The curvature that is left to the weights when the starting components adapt: the Schur
+// complement.
+MatrixXd Concentrated(const MatrixXd& hessian, Index weights) {
+  const Index rest = hessian.rows() - weights;
+  MatrixXd components = hessian.bottomRightCorner(rest, rest);
+  components.diagonal().array() += 1e-13 * components.diagonal().cwiseAbs().maxCoeff();
+  const MatrixXd cross = hessian.bottomLeftCorner(rest, weights);
+  const MatrixXd adapted = components.ldlt().solve(cross);
+  return hessian.topLeftCorner(weights, weights) - cross.transpose() * adapted;
 }
 
 }  // namespace
 
-std::vector<double> WeightStdErrors(const SmoothingProblem& problem,
-                                    const Eigen::VectorXd& parameters) {
-  const Index weights = problem.WeightCount();
-  std::vector<double> errors(static_cast<std::size_t>(weights), MV::gMissingValue);
-  SmoothingProblem::NormalEquations normal;
-  if (!problem.Linearise(parameters, normal) || !(normal.sse > 0)) return errors;
+std::vector<double> WeightStdErrors(SmoothingProblem& problem,
+                                    const std::vector<double>& parameters) {
+  std::vector<double> errors(problem.WeightCount(), MV::gMissingValue);
+  const std::vector<std::size_t> active = Active(problem, parameters);
+  const auto weights = static_cast<Index>(std::count_if(
+      active.begin(), active.end(), [&](std::size_t i) { return i < problem.WeightCount(); }));
+  const MatrixXd hessian = Hessian(problem, parameters, active);
+  if (weights == 0 || hessian.size() == 0) return errors;
 
-  const MatrixXd schur = EliminateComponents(normal.matrix, weights);
-  const std::vector<Index> free = FreeWeights(problem, parameters, normal.matrix, schur);
-  const Eigen::LDLT<MatrixXd> factor(MatrixXd(schur(free, free)));
-  if (free.empty() || !factor.isPositive()) return errors;
+  const MatrixXd curvature = Concentrated(hessian, weights);
+  const Eigen::LDLT<MatrixXd> factor(curvature);
+  const double least = kLeastShare * hessian.diagonal().head(weights).maxCoeff();
+  if (!factor.isPositive() || !(factor.vectorD().minCoeff() > least)) return errors;
+  const MatrixXd inverse = factor.solve(MatrixXd::Identity(weights, weights));
 
-  const auto count = static_cast<Index>(free.size());
-  const MatrixXd inverse = factor.solve(MatrixXd::Identity(count, count));
-  const auto observed = std::count_if(problem.Series().begin(), problem.Series().end(),
-                                      [](double y) { return y != MV::gMissingValue; });
-  const double variance = normal.sse / static_cast<double>(observed - weights);
-  for (Index i = 0; i < count; ++i) {
+  const std::span<const double> series = problem.Series();
+  const auto observed =
+      series.size() - static_cast<std::size_t>(
+                          std::count(series.begin(), series.end(), MV::gMissingValue));
+  const double variance =
+      problem.Sse(parameters) / static_cast<double>(observed - problem.WeightCount());
+  for (Index i = 0; i < weights; ++i) {
     const double squared = variance * inverse(i, i);
     if (squared > 0 && std::isfinite(squared)) {
-      errors[static_cast<std::size_t>(free[static_cast<std::size_t>(i)])] = std::sqrt(squared);
+      errors[active[static_cast<std::size_t>(i)]] = std::sqrt(squared);
     }
   }
   return errors;
