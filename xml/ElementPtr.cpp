@@ -9,8 +9,8 @@ using TIMESERIESXML::XMLElement;
 ElementPtr MakeElement(std::string_view name) { return ElementPtr(NodeAccess::NewElement(name)); }
 
 void Append(XMLElement& parent, ElementPtr child) {
-  parent.AddElement(child.get());  // may throw: child still owns it
-  child.release();                 // the parent has it now
+  parent.AddElement(child.get());      // may throw: child still owns it
+  static_cast<void>(child.release());  // the parent has it now
 }
 
 void AppendText(XMLElement& parent, std::string_view text) { NodeAccess::AddText(parent, text); }

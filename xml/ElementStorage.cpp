@@ -26,8 +26,6 @@ ElementStorage::ElementStorage(std::size_t size, bool inside, std::string_view n
     : size_(static_cast<std::uint32_t>(size)),
       items_end_(static_cast<std::uint32_t>(name.size())),
       name_size_(items_end_),
-      child_count_(0),
-      has_attributes_(0),
       inside_(inside ? 1 : 0) {
   if (!name.empty()) std::memcpy(bytes(), name.data(), name.size());
 }
@@ -101,14 +99,14 @@ char* ElementStorage::AddChildText(ElementStorage*& storage, std::size_t size) {
 }
 
 void ElementStorage::AddAttributeNode(ElementStorage*& storage, Attribute* attribute) {
-  Reserve(storage, sizeof(Word) + sizeof attribute);
+  Reserve(storage, sizeof(Word) + kPointerSize);
   storage->has_attributes_ = 1;
-  char* place = storage->PutItem(kAttributeNode, sizeof attribute);
-  std::memcpy(place, &attribute, sizeof attribute);
+  char* place = storage->PutItem(kAttributeNode, kPointerSize);
+  std::memcpy(place, &attribute, kPointerSize);
 }
 
 void ElementStorage::AddChildNode(ElementStorage*& storage, Node* child) {
-  Reserve(storage, sizeof child);
+  Reserve(storage, kPointerSize);
   storage->PutChild(reinterpret_cast<Child>(child));
 }
 

@@ -66,7 +66,8 @@ class ElementStorage {
   enum Kind : std::uint32_t { kAttributeText, kAttributeNode, kChildText };
   using Word = std::uint32_t;    // 4 * length + kind
   using Child = std::uintptr_t;  // a pointer, or 2 * offset + 1
-  static_assert(sizeof(Child) == sizeof(Node*));
+  static constexpr std::size_t kPointerSize = sizeof(Child);
+  static_assert(alignof(Child) == kPointerSize);
 
   ElementStorage(std::size_t size, bool inside, std::string_view name) noexcept;
   ~ElementStorage() = default;
@@ -76,13 +77,13 @@ class ElementStorage {
 
   template <typename Value>
   Value Load(std::size_t offset) const {
-    Value value;
-    std::memcpy(&value, bytes() + offset, sizeof value);
+    Value value;                                          // a pointer, too: its own size is meant
+    std::memcpy(&value, bytes() + offset, sizeof value);  // NOLINT(bugprone-sizeof-expression)
     return value;
   }
   template <typename Value>
   void Store(std::size_t offset, Value value) {
-    std::memcpy(bytes() + offset, &value, sizeof value);
+    std::memcpy(bytes() + offset, &value, sizeof(Value));
   }
 
   char* bytes() { return reinterpret_cast<char*>(this + 1); }
@@ -97,8 +98,8 @@ class ElementStorage {
   std::uint32_t size_;       // bytes behind this object, a multiple of a child's size
   std::uint32_t items_end_;  // from bytes()
   std::uint32_t name_size_;
-  std::uint32_t child_count_ : 30;
-  std::uint32_t has_attributes_ : 1;
+  std::uint32_t child_count_ : 30 = 0;
+  std::uint32_t has_attributes_ : 1 = 0;
   std::uint32_t inside_ : 1;  // the block is part of the element's allocation
 };
 

@@ -109,7 +109,7 @@ void NodeAccess::AddAttribute(XMLElement& element, std::string_view name, std::s
   }
   std::unique_ptr<XMLAttribute> attribute(NewAttribute(name, value));
   ElementStorage::AddAttributeNode(element.storage_, attribute.get());
-  attribute.release();
+  static_cast<void>(attribute.release());
 }
 
 void NodeAccess::AddAttribute(XMLElement& element, std::string_view name, double value) {
@@ -127,7 +127,7 @@ void NodeAccess::AddText(XMLElement& element, std::string_view text) {
   }
   std::unique_ptr<XMLString> string(NewString(text));
   element.AddElement(string.get());
-  string.release();
+  static_cast<void>(string.release());
 }
 
 void NodeAccess::AddPlainText(XMLElement& element, std::string_view text) {

@@ -105,7 +105,8 @@ char* PutDecimal(const Decimal& decimal, char* out) {
   }
   if (decimal.exponent < 0) {
     const auto zeros = static_cast<std::size_t>(-decimal.exponent);
-    std::memcpy(out, "0.000", 5);
+    std::memset(out, '0', zeros + 1);
+    out[1] = '.';
     out += zeros + 1;
     std::memcpy(out, first, count);
     return out + count;

@@ -10,10 +10,8 @@
 namespace tsx {
 namespace {
 
-const iconv_t kNotOpen = reinterpret_cast<iconv_t>(-1);  // NOLINT: iconv's own word for failure
-
 iconv_t OpenFrom(const char* source, OpenConversion open) {
-  const iconv_t descriptor = open("UTF-8", source);
+  iconv_t descriptor = open("UTF-8", source);
   return IsOpen(descriptor) ? descriptor : open("utf8", source);
 }
 
@@ -59,7 +57,7 @@ bool ContainsAscii(std::string_view codeSet) {
 Utf8Converter::Utf8Converter() : Utf8Converter(nl_langinfo(CODESET)) {}
 
 Utf8Converter::Utf8Converter(std::string source)
-    : source_(std::move(source)), contains_ascii_(ContainsAscii(source_)), descriptor_(kNotOpen) {}
+    : source_(std::move(source)), contains_ascii_(ContainsAscii(source_)), descriptor_(NotOpen()) {}
 
 Utf8Converter::~Utf8Converter() {
   if (IsOpen(descriptor_)) iconv_close(descriptor_);

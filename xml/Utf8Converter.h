@@ -47,9 +47,11 @@ iconv_t OpenUtf8Conversion(const char* source, OpenConversion open);
 // Code sets in which each ASCII byte is that ASCII character, always.
 bool ContainsAscii(std::string_view codeSet);
 
-inline bool IsOpen(iconv_t descriptor) {
-  return descriptor != reinterpret_cast<iconv_t>(-1);  // NOLINT: iconv's own word for failure
+// iconv's own word for failure.
+inline iconv_t NotOpen() {
+  return reinterpret_cast<iconv_t>(-1);  // NOLINT(performance-no-int-to-ptr): so it is defined
 }
+inline bool IsOpen(iconv_t descriptor) { return descriptor != NotOpen(); }
 
 }  // namespace tsx
 

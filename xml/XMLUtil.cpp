@@ -5,7 +5,7 @@ namespace TIMESERIESXML {
 // Earlier than initialisers without a priority, those of hosts that link statically among them.
 #define TSX_EARLY __attribute__((init_priority(150)))
 
-const std::string XMLUtil::FIRST_LINE TSX_EARLY = "<?xml version=\"1.0\" encoding=\"UTF-8\" ?>";
+const std::string XMLUtil::FIRST_LINE TSX_EARLY = R"(<?xml version="1.0" encoding="UTF-8" ?>)";
 
 const std::string XMLUtil::ROWSEP TSX_EARLY = "\n";
 const std::string XMLUtil::ITEMINDENT TSX_EARLY = "\t";
