@@ -29,37 +29,43 @@ constexpr std::uint64_t SaturatingProduct(std::uint64_t a, std::uint64_t b) {
                                                 : product;
 }
 
-// high * radix + low; false, with `result` unspecified, when that does not fit.
-constexpr bool MultiplyAdd(std::int64_t high, std::int64_t radix, std::int64_t low,
-                           std::int64_t& result) {
-  return !__builtin_mul_overflow(high, radix, &result) &&
-         !__builtin_add_overflow(result, low, &result);
-}
-
 constexpr StepCount BeyondRange(bool negative) {
   using Limits = std::numeric_limits<std::int64_t>;
   return {negative ? Limits::min() : Limits::max(), false};
+}
+
+// Carries and borrows until high and low have one sign and |low| < radix: a year less a month is
+// eleven months. Then a product that overflows means a sum that does. False when `high` overflows.
+constexpr bool Align(std::int64_t& high, std::int64_t& low, std::int64_t radix) {
+  if (__builtin_add_overflow(high, low / radix, &high)) return false;
+  low %= radix;
+  if (high > 0 && low < 0) {
+    --high;
+    low += radix;
+  } else if (high < 0 && low > 0) {
+    ++high;
+    low -= radix;
+  }
+  return true;
 }
 
 // (((d0 * r1) + d1) * r2 + d2 ...) / increment, rounded toward zero. The coarsest digit comes first
 // and `digits` is not empty; `increment` is at least 1 and divides the last radix. It is divided
 // out before the last multiplication, so that a quotient that fits is never lost on the way.
 constexpr StepCount StepsFromDigits(std::span<const Digit> digits, std::int64_t increment) {
-  std::int64_t coarse = 0;
-  for (const Digit& digit : digits.first(digits.size() - 1)) {
-    std::int64_t next = 0;
-    if (!MultiplyAdd(coarse, digit.radix, digit.value, next)) return BeyondRange(coarse < 0);
-    coarse = next;
+  std::int64_t number = digits.front().value;
+  if (digits.size() == 1) return {number / increment, true};
+  for (std::size_t i = 1; i < digits.size(); ++i) {
+    const std::int64_t step = i + 1 == digits.size() ? increment : 1;
+    const std::int64_t radix = digits[i].radix;
+    const bool negative = number < 0;
+    std::int64_t low = digits[i].value;
+    if (!Align(number, low, radix) || __builtin_mul_overflow(number, radix / step, &number) ||
+        __builtin_add_overflow(number, low / step, &number)) {
+      return BeyondRange(negative);
+    }
   }
-  const Digit& finest = digits.back();
-  std::int64_t steps = 0;
-  if (!MultiplyAdd(coarse, finest.radix / increment, finest.value / increment, steps)) {
-    return BeyondRange(coarse < 0);
-  }
-  const std::int64_t rest = finest.value % increment;  // a part of a step, signed as the digit
-  if (steps > 0 && rest < 0) --steps;
-  if (steps < 0 && rest > 0) ++steps;
-  return {steps, true};
+  return {number, true};
 }
 
 }  // namespace tsx

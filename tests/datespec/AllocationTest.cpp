@@ -15,7 +15,7 @@ using test::AreSame;
 using test::Make;
 using test::StartAt;
 using test::WithEveryAllocationFailing;
-using enum TSXDateSpec::PeriodType;
+using namespace test::periods;
 
 TSXDateSpec Furnished() {
   TSXDateSpec spec = Make(Week, {{Day, 7}});
@@ -47,8 +47,7 @@ TEST(OutOfMemory, WhileMakingOrCopying) {
   const TSXDateSpec original = Furnished();
   WithEveryAllocationFailing([&] {
     const TSXDateSpec made(Year);
-    const TSXDateSpec copy(original);
-    EXPECT_TRUE(AreSame(copy, original));
+    EXPECT_TRUE(AreSame(TSXDateSpec(original), original));
   });
 }
 

@@ -12,6 +12,21 @@
 // Calendars to test with, and short ways to look at them.
 namespace test {
 
+// The period types by their bare names.
+namespace periods {
+inline constexpr auto SimpleSequence = TSXDateSpec::SimpleSequence;
+inline constexpr auto Cycle = TSXDateSpec::Cycle;
+inline constexpr auto Year = TSXDateSpec::Year;
+inline constexpr auto Quarter = TSXDateSpec::Quarter;
+inline constexpr auto Month = TSXDateSpec::Month;
+inline constexpr auto Week = TSXDateSpec::Week;
+inline constexpr auto Day = TSXDateSpec::Day;
+inline constexpr auto Hour = TSXDateSpec::Hour;
+inline constexpr auto Minute = TSXDateSpec::Minute;
+inline constexpr auto Second = TSXDateSpec::Second;
+inline constexpr auto Obs = TSXDateSpec::Obs;
+}  // namespace periods
+
 using Tuple = TSXDateSpec::TSXIndexTuple;
 using Indexes = std::vector<unsigned>;
 

@@ -17,7 +17,7 @@ using test::Make;
 using test::Monthly;
 using test::StartAt;
 using test::Yearly;
-using enum TSXDateSpec::PeriodType;
+using namespace test::periods;
 
 TEST(FirstCaseDay, NeedsADayPeriod) {
   EXPECT_FALSE(Yearly().SetFirstCaseDay(1, 1, 2000));

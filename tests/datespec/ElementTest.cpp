@@ -20,7 +20,7 @@ using test::Monthly;
 using test::MonthsInQuarters;
 using test::StartAt;
 using test::Yearly;
-using enum TSXDateSpec::PeriodType;
+using namespace test::periods;
 
 // A document whose root is the element.
 std::string Document(const TSXDateSpec& spec, const std::string& descriptor = "", unsigned id = 1) {

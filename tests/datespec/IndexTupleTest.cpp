@@ -16,7 +16,7 @@ using test::MonthsInQuarters;
 using test::StartAt;
 using test::Tuple;
 using test::Yearly;
-using enum TSXDateSpec::PeriodType;
+using namespace test::periods;
 
 bool IsPosition(const TSXDateSpec& spec, const Indexes& indexes) {
   return Tuple(spec).SetIndexes(indexes);
@@ -103,10 +103,9 @@ TEST(TupleOfASpecification, CanBeMadeFromTheImplementation) {
 
 TEST(TupleOfASpecification, IsNotValidForAnotherNotEvenACopy) {
   const TSXDateSpec spec = Monthly();
-  const TSXDateSpec copy = spec;
   const Tuple tuple = At(spec, {1999, 3});
   EXPECT_TRUE(tuple.IsValidFor(spec));
-  EXPECT_FALSE(tuple.IsValidFor(copy));
+  EXPECT_FALSE(tuple.IsValidFor(TSXDateSpec(spec)));
 }
 
 TEST(TupleOfASpecification, OfAnotherIsRefusedWith40208) {

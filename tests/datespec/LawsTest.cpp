@@ -15,7 +15,7 @@ using test::AddGaps;
 using test::Indexes;
 using test::Make;
 using test::Tuple;
-using enum TSXDateSpec::PeriodType;
+using namespace test::periods;
 
 constexpr unsigned kBaseUnits = 4;  // how many years, weeks ... are walked
 

@@ -18,7 +18,7 @@ using test::MonthsInQuarters;
 using test::StartAt;
 using test::Tuple;
 using test::Yearly;
-using enum TSXDateSpec::PeriodType;
+using namespace test::periods;
 using Offsets = std::vector<long>;
 
 constexpr unsigned kMostUnsigned = std::numeric_limits<unsigned>::max();
@@ -139,13 +139,33 @@ TEST(StepsFromDigits, RoundsTheWholeTowardZeroNotTheLastDigit) {
   static_assert(tsx::StepsFromDigits(kBackFromOneYearAgo, 6).count == -2);
   // And every pair of digits against plain division.
   for (std::int64_t year = -2; year <= 2; ++year) {
-    for (std::int64_t month = -11; month <= 11; ++month) {
+    for (std::int64_t month = -30; month <= 30; ++month) {
       for (const std::int64_t step : {1, 2, 3, 4, 6, 12}) {
         const tsx::Digit digits[] = {{year, 0}, {month, 12}};
         EXPECT_EQ(tsx::StepsFromDigits(digits, step).count, (year * 12 + month) / step);
       }
     }
   }
+}
+
+// 2147483649 * 4294967295 is beyond the range, less 4294967294 it is not.
+TEST(StepsFromDigits, FitsWhereOnlyTheProductDoesNot) {
+  constexpr tsx::Digit kUp[] = {{2147483649, 0}, {-4294967294, 4294967295}};
+  constexpr tsx::Digit kDown[] = {{-2147483649, 0}, {4294967294, 4294967295}};
+  static_assert(tsx::StepsFromDigits(kUp, 1).count == 9223372034707292161);
+  static_assert(tsx::StepsFromDigits(kUp, 1).exact);
+  static_assert(tsx::StepsFromDigits(kDown, 1).count == -9223372034707292161);
+  static_assert(tsx::StepsFromDigits(kDown, 1).exact);
+}
+
+TEST(StepsFromDigits, ReachesBothEndsExactly) {
+  // 2^63 = 2147483648 * 4294967295 + 2147483648.
+  constexpr tsx::Digit kMostDigits[] = {{2147483648, 0}, {2147483647, 4294967295}};
+  constexpr tsx::Digit kLeastDigits[] = {{-2147483648, 0}, {-2147483648, 4294967295}};
+  static_assert(tsx::StepsFromDigits(kMostDigits, 1).count == kMost);
+  static_assert(tsx::StepsFromDigits(kMostDigits, 1).exact);
+  static_assert(tsx::StepsFromDigits(kLeastDigits, 1).count == kLeast);
+  static_assert(tsx::StepsFromDigits(kLeastDigits, 1).exact);
 }
 
 TEST(Number, IsTheOffsetFromTheFirstCaseNumber) {

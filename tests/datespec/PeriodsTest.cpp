@@ -9,7 +9,6 @@ namespace {
 
 using test::AddGaps;
 using test::AreSame;
-using test::At;
 using test::Indexes;
 using test::Make;
 using test::Monthly;
@@ -19,7 +18,7 @@ using test::StartAt;
 using test::Told;
 using test::TypesOf;
 using test::Yearly;
-using enum TSXDateSpec::PeriodType;
+using namespace test::periods;
 using Types = std::vector<TSXDateSpec::PeriodType>;
 
 constexpr unsigned kMost = std::numeric_limits<unsigned>::max();
