@@ -25,8 +25,9 @@ std::string Rhythm(std::int64_t step, const char* single, const char* plural) {
   return step == 1 ? single : "every " + std::to_string(step) + " " + plural;
 }
 
-AxisPeriod Base(TSXDateSpec::PeriodType type, std::int64_t first) {
-  return {type, 0, 0, 0, static_cast<unsigned>(first)};
+// A base period. Calendars know only multiples of their increment.
+AxisPeriod Base(TSXDateSpec::PeriodType type, std::int64_t first, std::int64_t increment = 1) {
+  return {type, 0, 0, 0, static_cast<unsigned>(first / increment * increment)};
 }
 
 AxisPeriod Whole(TSXDateSpec::PeriodType type, unsigned cycle, std::int64_t first) {
@@ -67,13 +68,13 @@ void SetYearPeriods(DateAxis& axis, const YearPart& part, std::int64_t first, st
   if (step % perYear == 0) {
     axis.name = Rhythm(step / perYear, "yearly", "years");
     axis.increment = static_cast<unsigned>(step / perYear);
-    axis.periods = {Base(TSXDateSpec::Year, first / perYear)};
+    axis.periods = {Base(TSXDateSpec::Year, first / perYear, step / perYear)};
   } else if (perYear % step == 0) {
     const std::int64_t index = first % perYear / step * step;
     axis.periods = {Base(TSXDateSpec::Year, first / perYear),
                     Whole(part.type, part.per_year, index)};
   } else {
-    axis.periods = {Base(part.type, first)};
+    axis.periods = {Base(part.type, first, step)};
   }
 }
 
@@ -108,8 +109,8 @@ void MakeDays(DateAxis& axis, const Ticks& ticks, const WorkingScale& scale) {
   const bool weeks = step % 7 == 0;
   axis.name = weeks ? Rhythm(step / 7, "weekly", "weeks") : Rhythm(step, "daily", "days");
   axis.increment = static_cast<unsigned>(weeks ? step / 7 : step);
-  axis.periods = {weeks ? Base(TSXDateSpec::Week, WeekOfDay(first))
-                        : Base(TSXDateSpec::Day, first)};
+  axis.periods = {weeks ? Base(TSXDateSpec::Week, WeekOfDay(first), step / 7)
+                        : Base(TSXDateSpec::Day, first, step)};
   PlaceCases(axis, ticks, LinearScale{}, step * scale.ticks_per_day);
 }
 
@@ -147,7 +148,7 @@ void MakeClock(DateAxis& axis, const Ticks& ticks, const ClockPart& part, std::i
   axis.increment = static_cast<unsigned>(step);
   PlaceCases(axis, ticks, LinearScale{}, step * part.seconds);
   if (part.per_cycle % step != 0) {
-    axis.periods = {Base(part.type, secondOfDay / part.seconds)};
+    axis.periods = {Base(part.type, secondOfDay / part.seconds, step)};
     return;
   }
   const std::int64_t index = secondOfDay / part.seconds % part.per_cycle / step * step;

@@ -29,8 +29,9 @@
 //                        not divide its cycle, counted from midnight of the first day
 //
 // Years are years of our era; quarters, months (January), weekdays (Sunday) and hours count from 0,
-// weeks and days from the week of, and from, 0001-01-01. A step of several units is told by the
-// unit that it starts with: with two-month steps, January and February are both month 0.
+// weeks and days from the week of, and from, 0001-01-01. Calendars know only multiples of their
+// increment, so a step of several units is told by the multiple it falls on: with two-month steps,
+// January and February are both month 0, and with two-year steps 1871 is 1870.
 namespace tsx::cli {
 
 struct AxisPeriod {

@@ -9,7 +9,7 @@ namespace tsx::cli {
 
 const char kMainIntroduction[] =
     "tsxport fits exponential smoothing models to time series and writes them as XML\n"
-    "documents, with all the numbers that forecasting needs to go on from.\n";
+    "documents, with all the numbers that forecasting needs to go on from.";
 
 const char kMainFooter[] =
     R"(A first try:
@@ -21,13 +21,13 @@ Exit status: 0 all done, 1 an output could not be written, 2 the command line or
 the input is wrong and nothing was written, 3 some series could not be fitted.
 )";
 
-const char kFitIntroduction[] = "Fits exponential smoothing to the series of a CSV file.\n";
+const char kFitIntroduction[] = "Fits exponential smoothing to the series of a CSV table.";
 
 const char kFitFooter[] =
     R"(The table:
-  The first line names the columns. Commas or semicolons separate them; in tables
-  with semicolons, decimal commas go as well. Cells may stand in double quotes.
-  Empty cells and NA are missing values. The text is UTF-8.
+  The first line names the columns. Commas or semicolons separate cells; with
+  semicolons, decimal commas go as well. Cells may stand in double quotes. Empty
+  cells and NA are missing values. The text is UTF-8.
 
   Times are written 1949-01 (months), 1960-Q1 (quarters), 1871 (years, where all
   of them have four digits), 1, 2, 3 (running numbers), 2020-02-29 (dates) or
@@ -65,7 +65,7 @@ Exit status:
 namespace {
 
 constexpr std::size_t kPageWidth = 80;
-constexpr std::size_t kTextColumn = 25;
+constexpr std::size_t kTextColumn = 24;
 
 // Words of `text` in lines of at most `width`.
 std::vector<std::string> Wrapped(std::string_view text, std::size_t width) {
@@ -94,36 +94,48 @@ std::string Entry(const std::string& name, const std::string& text) {
   return entry;
 }
 
-}  // namespace
-
-std::string HelpFormatter::make_usage(const CLI::App* app, std::string /*name*/) const {
-  if (app->get_parent() == nullptr) return "Usage:\n  tsxport COMMAND [OPTIONS]\n";
-  return "Usage:\n  tsxport " + app->get_name() + " SERIES.csv [OPTIONS]\n";
+std::string OptionEntry(const CLI::Option& option) {
+  const bool isPositional = option.get_positional();
+  std::string name = option.get_name(isPositional, !isPositional);
+  const std::size_t comma = name.find(',');
+  if (comma != std::string::npos) name.insert(comma + 1, " ");
+  const std::string type = option.get_type_name();
+  if (!isPositional && !type.empty()) name += " " + type;
+  return Entry(name, option.get_description());
 }
 
-std::string HelpFormatter::make_group(std::string group, bool isPositional,
-                                      std::vector<const CLI::Option*> options) const {
-  std::string text = isPositional ? "" : "\n" + group + ":\n";
-  for (const CLI::Option* option : options) text += make_option(option, isPositional);
+std::string UsageText(const CLI::App& app) {
+  if (app.get_parent() == nullptr) return "\nUsage:\n  tsxport COMMAND [OPTIONS]\n";
+  std::string text = "\nUsage:\n  tsxport " + app.get_name() + " SERIES.csv [OPTIONS]\n\n";
+  for (const CLI::Option* option : app.get_options()) {
+    if (option->get_positional()) text += OptionEntry(*option);
+  }
   return text;
 }
 
-std::string HelpFormatter::make_option(const CLI::Option* option, bool isPositional) const {
-  std::string name = option->get_name(isPositional, !isPositional);
-  const std::size_t comma = name.find(',');
-  if (comma != std::string::npos) name.insert(comma + 1, " ");
-  const std::string type = option->get_type_name();
-  if (!isPositional && !type.empty()) name += " " + type;
-  return Entry(name, option->get_description());
-}
-
-std::string HelpFormatter::make_subcommands(const CLI::App* app,
-                                            CLI::AppFormatMode /*mode*/) const {
+std::string CommandsText(const CLI::App& app) {
   std::string text;
-  for (const CLI::App* command : app->get_subcommands({})) {
+  for (const CLI::App* command : app.get_subcommands({})) {
     text += Entry(command->get_name(), command->get_description());
   }
   return text.empty() ? "" : "\nCommands:\n" + text;
+}
+
+std::string GroupText(const CLI::App& app, const std::string& group) {
+  std::string text;
+  for (const CLI::Option* option : app.get_options()) {
+    if (option->get_group() == group && !option->get_positional()) text += OptionEntry(*option);
+  }
+  return text.empty() ? "" : "\n" + group + ":\n" + text;
+}
+
+}  // namespace
+
+std::string HelpFormatter::make_help(const CLI::App* app, std::string /*name*/,
+                                     CLI::AppFormatMode /*mode*/) const {
+  std::string page = app->get_description() + "\n" + UsageText(*app) + CommandsText(*app);
+  for (const std::string& group : app->get_groups()) page += GroupText(*app, group);
+  return page + "\n" + app->get_footer();
 }
 
 }  // namespace tsx::cli

@@ -16,14 +16,12 @@ extern const char kMainFooter[];
 extern const char kFitIntroduction[];
 extern const char kFitFooter[];
 
-// Sets help pages in 80 columns: option names on the left, texts wrapped on the right.
-class HelpFormatter : public CLI::Formatter {
+// Sets help pages in 80 columns: introduction, usage, commands, options group by group with their
+// texts wrapped on the right, footer.
+class HelpFormatter : public CLI::FormatterBase {
  public:
-  std::string make_usage(const CLI::App* app, std::string name) const override;
-  std::string make_group(std::string group, bool isPositional,
-                         std::vector<const CLI::Option*> options) const override;
-  std::string make_option(const CLI::Option* option, bool isPositional) const override;
-  std::string make_subcommands(const CLI::App* app, CLI::AppFormatMode mode) const override;
+  std::string make_help(const CLI::App* app, std::string name,
+                        CLI::AppFormatMode mode) const override;
 };
 
 }  // namespace tsx::cli

@@ -24,7 +24,7 @@ constexpr double kTop = 74;
 constexpr double kBottom = 46;
 constexpr double kPlotWidth = kWidth - kLeft - kRight;
 constexpr double kPlotHeight = kPanelHeight - kTop - kBottom;
-constexpr std::size_t kMostTimeTicks = 12;
+constexpr std::size_t kCharactersAcross = 115;
 
 constexpr char kStyle[] = R"(  <style>
     text { font-family: "Helvetica Neue", Helvetica, Arial, "Liberation Sans", sans-serif; fill: #3b4252; font-size: 13px; }
@@ -218,7 +218,7 @@ class PanelDrawing {
     const double bottom = kTop + kPlotHeight;
     std::string axis = LineFromTo("axis", kLeft, bottom, kWidth - kRight, bottom);
     const DateAxis& dates = *panel_.fitted->series->axis;
-    for (const TimeTick& tick : MakeTimeTicks(dates, panel_.total_count, kMostTimeTicks)) {
+    for (const TimeTick& tick : MakeTimeTicks(dates, panel_.total_count, kCharactersAcross)) {
       const double x = X(static_cast<double>(tick.at));
       axis += LineFromTo("axis", x, bottom, x, bottom + 5);
       axis += TextAt(x, bottom + 22, " text-anchor=\"middle\"", tick.label);

@@ -18,6 +18,10 @@ std::string ValueText(double value) {
                                                              : NumberText(value, kDigits);
 }
 
+std::string PercentText(double value) {
+  return value == MV::gMissingValue ? "undefined" : NumberText(value, 4) + " %";
+}
+
 std::string Line(const std::string& label, const std::string& text) {
   return "  " + label + std::string(12 - label.size(), ' ') + text + "\n";
 }
@@ -72,7 +76,7 @@ std::string WeightsText(const TSFModel& model) {
 
 std::string FitText(const TSFModel& model) {
   return "RMSE " + ValueText(model.GetGOFStat("RMSE")) + ", MAPE " +
-         ValueText(model.GetGOFStat("MAPE")) + ", MAE " + ValueText(model.GetGOFStat("MAE")) +
+         PercentText(model.GetGOFStat("MAPE")) + ", MAE " + ValueText(model.GetGOFStat("MAE")) +
          ", R-squared " + ValueText(model.GetGOFStat("RSQ")) + ", normalised BIC " +
          ValueText(model.GetGOFStat("NRMBIC"));
 }

@@ -1,5 +1,6 @@
 #include "cli/TimeTicks.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <span>
 
@@ -8,6 +9,7 @@ namespace {
 
 // A clock that counts something in steps of `multiple`, and how much of a case's text tells it.
 struct Granularity {
+  // From coarse to fine.
   enum class Count { kNumber, kYear, kQuarter, kMonth, kDay, kHour, kMinute, kSecond };
   Count count;
   std::int64_t multiple;
@@ -99,10 +101,13 @@ std::string LabelOf(const std::string& text, Count count) {
   return text;
 }
 
+// The ticks of the case before the first, and of the first `count` cases.
 std::vector<std::int64_t> TicksOf(const DateAxis& axis, std::size_t count) {
   std::vector<std::int64_t> ticks;
+  std::int64_t position = std::max<std::int64_t>(axis.first_position - axis.step, 0);
+  ticks.push_back(TickOfPosition(axis.scale, position));
   for (std::size_t i = 0; i < count; ++i) {
-    const std::int64_t position = axis.first_position + static_cast<std::int64_t>(i) * axis.step;
+    position = axis.first_position + static_cast<std::int64_t>(i) * axis.step;
     ticks.push_back(TickOfPosition(axis.scale, position));
   }
   return ticks;
@@ -113,11 +118,12 @@ std::vector<std::size_t> Marks(TimeUnit unit, const std::vector<std::int64_t>& t
                                const Granularity& by, std::int64_t scale) {
   std::vector<std::size_t> marks;
   const std::int64_t multiple = by.multiple * scale;
-  for (std::size_t i = 0; i < ticks.size(); ++i) {
+  std::int64_t before = Clock(unit, ticks.front()).Counted(by.count);
+  for (std::size_t i = 1; i < ticks.size(); ++i) {
     const std::int64_t now = Clock(unit, ticks[i]).Counted(by.count);
     if (now < 0) return {};
-    const std::int64_t before = i == 0 ? now - 1 : Clock(unit, ticks[i - 1]).Counted(by.count);
-    if (now / multiple != before / multiple) marks.push_back(i);
+    if (now / multiple != before / multiple) marks.push_back(i - 1);
+    before = now;
   }
   return marks;
 }
@@ -129,23 +135,43 @@ std::vector<TimeTick> Labelled(const DateAxis& axis, const std::vector<std::size
   return labelled;
 }
 
+// The finest count worth marking: that of the axis' finest period.
+Count FinestCount(const DateAxis& axis) {
+  switch (axis.periods.back().type) {
+    case TSXDateSpec::Year:
+      return Count::kYear;
+    case TSXDateSpec::Quarter:
+      return Count::kQuarter;
+    case TSXDateSpec::Month:
+      return Count::kMonth;
+    case TSXDateSpec::Week:
+    case TSXDateSpec::Day:
+      return Count::kDay;
+    case TSXDateSpec::Hour:
+      return Count::kHour;
+    case TSXDateSpec::Minute:
+      return Count::kMinute;
+    default:
+      return Count::kSecond;
+  }
+}
+
 }  // namespace
 
-std::vector<TimeTick> MakeTimeTicks(const DateAxis& axis, std::size_t count, std::size_t most) {
+std::vector<TimeTick> MakeTimeTicks(const DateAxis& axis, std::size_t count, std::size_t room) {
+  constexpr std::size_t kSpace = 3;  // characters between two labels
   const std::vector<std::int64_t> ticks = TicksOf(axis, count);
   const bool numbers = axis.form.unit == TimeUnit::kNumber;
   const auto rows = numbers ? std::span<const Granularity>(kNumbers) : kTimes;
+  const Count finest = FinestCount(axis);
   for (std::int64_t scale = 1; scale <= 1'000'000'000; scale *= 10) {
-    std::vector<std::size_t> best;
-    Count bestCount = Count::kNumber;
     for (const Granularity& by : rows) {
+      if (by.count > finest) continue;
       const std::vector<std::size_t> marks = Marks(axis.form.unit, ticks, by, scale);
-      if (!best.empty() && marks != best) break;
-      if (marks.empty() || marks.size() > most) continue;
-      best = marks;  // the coarsest of those with the same marks has the shortest label
-      bestCount = by.count;
+      if (marks.empty()) continue;
+      const std::size_t width = LabelOf(axis.CaseText(marks.back()), by.count).size() + kSpace;
+      if (marks.size() * width <= room) return Labelled(axis, marks, by.count);
     }
-    if (!best.empty()) return Labelled(axis, best, bestCount);
   }
   return {};
 }

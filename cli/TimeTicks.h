@@ -16,9 +16,9 @@ struct TimeTick {
 };
 
 // Where the first `count` cases of an axis (those after its last one continue it) begin a round
-// period: a year, every second year, ..., a month, ... whichever gives the most marks, but no more
-// than `most` (at least 2).
-std::vector<TimeTick> MakeTimeTicks(const DateAxis& axis, std::size_t count, std::size_t most);
+// period: a year, every second year, ..., a month, ... whichever gives the most marks whose labels
+// take up no more than `room` characters, with some space between them.
+std::vector<TimeTick> MakeTimeTicks(const DateAxis& axis, std::size_t count, std::size_t room);
 
 }  // namespace tsx::cli
 

@@ -1,0 +1,96 @@
+#include <gtest/gtest.h>
+
+#include "Tables.h"
+#include "cli/ColumnRoles.h"
+
+namespace tsx::cli {
+namespace {
+
+using test::ErrorOf;
+using test::Table;
+using Columns = std::vector<std::size_t>;
+
+ColumnRoles Choose(std::string_view text, const ColumnRequest& request = {}) {
+  return ChooseColumns(Table(text), request);
+}
+std::string ChooseError(std::string_view text, const ColumnRequest& request = {}) {
+  return ErrorOf([&] { Choose(text, request); });
+}
+
+TEST(ColumnRoles, TimeIsFoundByItsName) {
+  const ColumnRoles roles = Choose("value,Date\n5,1\n6,2\n");
+  EXPECT_EQ(roles.time, 1U);
+  EXPECT_EQ(roles.variables, Columns{0});
+}
+TEST(ColumnRoles, TimeIsFoundByItsForm) {
+  EXPECT_EQ(Choose("value,when\n5,1949-01\n6,1949-02\n").time, 1U);
+}
+TEST(ColumnRoles, ImpossibleTimeStillLooksLikeATime) {
+  EXPECT_EQ(Choose("value,when\n5,1949-13\n6,1950-01\n").time, 1U);
+}
+TEST(ColumnRoles, RisingWholeNumbersInFrontAreATime) {
+  EXPECT_EQ(Choose("n,value\n1,5\n2,6\n4,3\n").time, 0U);
+}
+TEST(ColumnRoles, RisingNumbersWithoutOthersBesideThemAreTheSeries) {
+  const ColumnRoles roles = Choose("n\n1\n2\n");
+  EXPECT_FALSE(roles.time);
+  EXPECT_EQ(roles.variables, Columns{0});
+}
+TEST(ColumnRoles, NumbersThatFallAreNoTime) {
+  EXPECT_FALSE(Choose("a,b\n2,5\n1,6\n").time);
+  EXPECT_EQ(Choose("a,b\n2,5\n1,6\n").variables, (Columns{0, 1}));
+}
+TEST(ColumnRoles, NumbersThatStartAfreshForEachIdAreATime) {
+  const ColumnRoles roles = Choose("shop,n,y\na,1,5\na,2,6\nb,1,7\nb,2,8\n", {"", "shop", {}});
+  EXPECT_EQ(roles.time, 1U);
+  EXPECT_EQ(roles.variables, Columns{2});
+}
+TEST(ColumnRoles, ColumnsOfWordsAreLeftOut) {
+  EXPECT_EQ(Choose("date,place,y\n1,north,5\n2,south,6\n").variables, Columns{2});
+}
+TEST(ColumnRoles, ColumnOfNumbersWithAWordInItIsAVariable) {
+  EXPECT_EQ(Choose("date,y\n1,5\n2,six\n3,7\n").variables, Columns{1});
+}
+TEST(ColumnRoles, EmptyColumnIsNoVariable) {
+  EXPECT_EQ(Choose("date,y,z\n1,5,\n2,6,NA\n").variables, Columns{1});
+}
+TEST(ColumnRoles, VariablesKeepTheOrderOfTheCommandLine) {
+  EXPECT_EQ(Choose("date,a,b\n1,5,6\n", {"", "", {"b", "a"}}).variables, (Columns{2, 1}));
+}
+TEST(ColumnRoles, TimeOfTheCommandLineWins) {
+  const ColumnRoles roles = Choose("date,t,y\n1,1,5\n2,2,6\n", {"t", "", {}});
+  EXPECT_EQ(roles.time, 1U);
+  EXPECT_EQ(roles.variables, (Columns{0, 2}));
+}
+
+TEST(ColumnRolesError, UnknownColumnIsToldWithThoseThereAre) {
+  EXPECT_EQ(ChooseError("date,y\n1,5\n", {"", "", {"z"}}),
+            "--variable: table.csv has no column 'z'; it has date, y");
+  EXPECT_EQ(ChooseError("date,y\n1,5\n", {"z", "", {}}),
+            "--time: table.csv has no column 'z'; it has date, y");
+  EXPECT_EQ(ChooseError("date,y\n1,5\n", {"", "z", {}}),
+            "--id: table.csv has no column 'z'; it has date, y");
+}
+TEST(ColumnRolesError, ColumnWithTwoParts) {
+  EXPECT_EQ(ChooseError("date,y\n1,5\n", {"", "", {"y", "y"}}),
+            "--variable: column 'y' has a part to play already");
+  EXPECT_EQ(ChooseError("date,y\n1,5\n", {"y", "", {"y"}}),
+            "--time: column 'y' has a part to play already");
+  EXPECT_EQ(ChooseError("date,y\n1,5\n", {"", "y", {"y"}}),
+            "--variable: column 'y' has a part to play already");
+}
+TEST(ColumnRolesError, NoNumbersBlamesTheFirstWord) {
+  EXPECT_EQ(ChooseError("date,y\n1,\n2,six\n"),
+            "table.csv:3:3: 'six' is not a number (column \"y\"), and no column holds numbers");
+}
+TEST(ColumnRolesError, NothingBesideTheTime) {
+  EXPECT_EQ(ChooseError("date\n1949-01\n"),
+            "table.csv:1:1: there is no column of numbers beside the time");
+}
+TEST(ColumnRolesError, NumbersWithoutAName) {
+  EXPECT_EQ(ChooseError("date,,y\n1,5,6\n"),
+            "table.csv:1:6: column 2 holds numbers but has no name");
+}
+
+}  // namespace
+}  // namespace tsx::cli

@@ -1,0 +1,156 @@
+#include <algorithm>
+#include <cmath>
+#include <gtest/gtest.h>
+
+#include <tsfcore/MV.h>
+
+#include "Tables.h"
+#include "cli/ModelChoice.h"
+
+namespace tsx::cli {
+namespace {
+
+using test::Table;
+
+// A monthly series from 2000-01 on, with the line numbers of a file.
+Series Monthly(const std::vector<double>& values) {
+  std::string text = "date,y\n";
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    const std::string time = TimeText({TimeUnit::kMonth}, 24000 + static_cast<std::int64_t>(i));
+    text += time + "," + std::to_string(values[i]) + "\n";
+  }
+  return ReadSeries(Table(text), {}).front();
+}
+
+std::vector<double> Seasons(int count, double level) {
+  std::vector<double> values;
+  for (int i = 0; i < count; ++i) {
+    values.push_back(level + 10 * std::sin(2 * 3.14159265358979 * i / 12) + (i * i) % 7);
+  }
+  return values;
+}
+
+std::vector<std::string> Tried(const FittedSeries& fitted) {
+  std::vector<std::string> names;
+  for (const Candidate& candidate : fitted.candidates) {
+    if (candidate.fitted) names.push_back(candidate.kind->option);
+  }
+  return names;
+}
+bool WasFitted(const FittedSeries& fitted, const std::string& name) {
+  const auto names = Tried(fitted);
+  return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+TEST(ModelChoice, AllKindsAreTriedOnAPositiveSeasonalSeries) {
+  const Series series = Monthly(Seasons(60, 100));
+  EXPECT_EQ(Tried(FitSeries(series, {})).size(), 7U);
+}
+TEST(ModelChoice, LowestNormalisedBicWins) {
+  const Series series = Monthly(Seasons(60, 100));
+  const FittedSeries fitted = FitSeries(series, {});
+  for (const Candidate& candidate : fitted.candidates) {
+    EXPECT_GE(candidate.bic, fitted.model.GetGOFStat("NRMBIC")) << candidate.kind->option;
+  }
+}
+TEST(ModelChoice, NoMultiplicativeSeasonsWhereAValueIsNotPositive) {
+  const Series series = Monthly(Seasons(60, 0));
+  const FittedSeries fitted = FitSeries(series, {});
+  EXPECT_FALSE(WasFitted(fitted, "winters-multiplicative"));
+  EXPECT_TRUE(WasFitted(fitted, "winters-additive"));
+  ASSERT_NE(fitted.kind, nullptr);
+}
+TEST(ModelChoice, NoMultiplicativeSeasonsOfATransformedSeries) {
+  const Series series = Monthly(Seasons(60, 100));
+  const FittedSeries fitted = FitSeries(
+      series, {.kind = nullptr, .season_length = 0, .function_type = TSTransformation::kLogarithm});
+  EXPECT_FALSE(WasFitted(fitted, "winters-multiplicative"));
+  EXPECT_EQ(fitted.candidates.size(), 6U);
+}
+TEST(ModelChoice, NoSeasonsInASeriesOfLessThanTwo) {
+  const Series series = Monthly(Seasons(20, 100));
+  const FittedSeries fitted = FitSeries(series, {});
+  EXPECT_EQ(Tried(fitted), (std::vector<std::string>{"simple", "brown", "holt", "damped-trend"}));
+}
+TEST(ModelChoice, SeasonOfOneMeansNoSeasons) {
+  const Series series = Monthly(Seasons(60, 100));
+  EXPECT_EQ(FitSeries(series, {.kind = nullptr, .season_length = 1}).candidates.size(), 4U);
+}
+TEST(ModelChoice, PerfectFitsRankFirstAndTheSimplestOfThemWins) {
+  const Series series = Monthly(std::vector<double>(40, 5));
+  const FittedSeries fitted = FitSeries(series, {});
+  ASSERT_NE(fitted.kind, nullptr);
+  EXPECT_STREQ(fitted.kind->option, "simple");
+}
+TEST(ModelChoice, KindAskedForIsTheOnlyOneTried) {
+  const Series series = Monthly(Seasons(60, 100));
+  const FittedSeries fitted = FitSeries(series, {.kind = FindKind("holt")});
+  EXPECT_EQ(Tried(fitted), std::vector<std::string>{"holt"});
+}
+TEST(ModelChoice, ReasonNamesTheRunnerUp) {
+  const KindInfo* simple = FindKind("simple");
+  const KindInfo* holt = FindKind("holt");
+  FittedSeries fitted;
+  fitted.candidates = {{simple, true, "", {}, 2.5},
+                       {holt, true, "", {}, 1.25},
+                       {FindKind("brown"), false, "no", {}, 0}};
+  EXPECT_EQ(ReasonForChoice(fitted),
+            "lowest normalised BIC of 2 kinds, 1.250; next simple with 2.500");
+}
+TEST(ModelChoice, ReasonForALoneKind) {
+  FittedSeries fitted;
+  fitted.candidates = {{FindKind("simple"), true, "", {}, 2.5}};
+  EXPECT_EQ(ReasonForChoice(fitted), "the only kind that goes with the series");
+}
+
+TEST(HopelessSeries, ValueThatHasNoLogarithmIsBlamed) {
+  std::vector<double> values = Seasons(40, 100);
+  values[7] = 0;
+  const Series series = Monthly(values);
+  const FittedSeries fitted = FitSeries(series, {.kind = FindKind("simple"),
+                                                 .season_length = 0,
+                                                 .function_type = TSTransformation::kLogarithm});
+  EXPECT_EQ(fitted.kind, nullptr);
+  EXPECT_EQ(fitted.fault, "0: the logarithm needs values above 0");
+  EXPECT_EQ(fitted.fault_place, (Place{9, 9}));
+}
+TEST(HopelessSeries, ValueThatHasNoSquareRootIsBlamed) {
+  std::vector<double> values = Seasons(40, 100);
+  values[7] = -1;
+  const Series series = Monthly(values);
+  const FittedSeries fitted = FitSeries(
+      series,
+      {.kind = nullptr, .season_length = 0, .function_type = TSTransformation::kSquareRoot});
+  EXPECT_EQ(fitted.fault, "-1: the square root needs values of at least 0");
+}
+TEST(HopelessSeries, TooShortASeriesIsBlamedAtItsFirstValue) {
+  const Series series = Monthly({1, 2});
+  const FittedSeries fitted = FitSeries(series, {});
+  EXPECT_EQ(fitted.kind, nullptr);
+  EXPECT_EQ(fitted.fault, "the model needs 3 cases that are not missing, the series has 2");
+  EXPECT_EQ(fitted.fault_place, (Place{2, 9}));
+}
+TEST(HopelessSeries, SeasonsWithoutACalendarThatHasThem) {
+  const Series series = ReadSeries(Table("year,y\n1871,3\n1872,4\n1873,3\n"), {}).front();
+  const FittedSeries fitted = FitSeries(series, {.kind = FindKind("winters-additive")});
+  EXPECT_EQ(fitted.fault,
+            "winters-additive needs a season, and yearly times have none; give its length with "
+            "--season");
+}
+TEST(HopelessSeries, SeasonsWithGaps) {
+  std::string text = "date,y\n";
+  for (int i = 0; i < 40; ++i) {
+    if (i == 20) continue;
+    text += TimeText({TimeUnit::kMonth}, 24000 + i) + "," + std::to_string(i % 12 + 5) + "\n";
+  }
+  SeriesOptions options;
+  options.skipped_as_gaps = true;
+  const Series series = ReadSeries(Table(text), options).front();
+  EXPECT_EQ(FitSeries(series, {.kind = FindKind("winters-additive")}).fault,
+            "winters-additive has seasons, which gaps would shift; leave --gaps out or choose a "
+            "model without");
+  EXPECT_EQ(FitSeries(series, {}).candidates.size(), 4U);
+}
+
+}  // namespace
+}  // namespace tsx::cli

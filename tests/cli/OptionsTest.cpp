@@ -1,0 +1,167 @@
+#include <gtest/gtest.h>
+
+#include <tsfcore/ESModelSpec.h>
+
+#include "Tables.h"
+#include "cli/Options.h"
+
+namespace tsx::cli {
+namespace {
+
+using test::ErrorOf;
+using Arguments = std::vector<std::string>;
+
+// The options of "tsxport fit a.csv ...".
+FitOptions Fit(Arguments arguments) {
+  arguments.insert(arguments.begin(), {"fit", "a.csv"});
+  return *ParseCommandLine(arguments).fit;
+}
+std::string FitError(const Arguments& arguments) {
+  return ErrorOf([&] { Fit(arguments); });
+}
+
+TEST(Options, DefaultsChooseAKindAndWriteNothing) {
+  const FitOptions options = Fit({});
+  EXPECT_EQ(options.input, "a.csv");
+  EXPECT_EQ(options.model.kind, nullptr);
+  EXPECT_EQ(options.model.season_length, 0U);
+  EXPECT_EQ(options.model.function_type, TSTransformation::kNone);
+  EXPECT_EQ(options.forecast, 0U);
+  EXPECT_GE(options.jobs, 1U);
+  EXPECT_EQ(options.output, "");
+  EXPECT_EQ(options.plot, "");
+  EXPECT_FALSE(options.gaps);
+  EXPECT_FALSE(options.first_case_day);
+}
+TEST(Options, EveryOptionIsTaken) {
+  const FitOptions options = Fit({"--model",      "holt",
+                                  "--season",     "7",
+                                  "--transform",  "sqrt",
+                                  "--variable",   "x",
+                                  "--variable",   "y",
+                                  "--id",         "shop",
+                                  "--time",       "when",
+                                  "--name",       "n",
+                                  "--descriptor", "d",
+                                  "--jobs",       "3",
+                                  "--forecast",   "24",
+                                  "--plot",       "p.svg",
+                                  "--gaps",       "--first-case-day",
+                                  "-o",           "m.xml"});
+  EXPECT_EQ(options.model.kind->kind, ESModelSpec::kHolt);
+  EXPECT_EQ(options.model.season_length, 7U);
+  EXPECT_EQ(options.model.function_type, TSTransformation::kSquareRoot);
+  EXPECT_EQ(options.columns.variables, (Arguments{"x", "y"}));
+  EXPECT_EQ(options.columns.id, "shop");
+  EXPECT_EQ(options.columns.time, "when");
+  EXPECT_EQ(options.name, "n");
+  EXPECT_EQ(options.descriptor, "d");
+  EXPECT_EQ(options.jobs, 3U);
+  EXPECT_EQ(options.forecast, 24U);
+  EXPECT_EQ(options.plot, "p.svg");
+  EXPECT_TRUE(options.gaps);
+  EXPECT_TRUE(options.first_case_day);
+  EXPECT_EQ(options.output, "m.xml");
+}
+TEST(Options, EveryKindHasItsName) {
+  const std::pair<const char*, int> kinds[] = {
+      {"simple", ESModelSpec::kSimple},
+      {"simple-seasonal", ESModelSpec::kSimpleSeasonal},
+      {"brown", ESModelSpec::kBrown},
+      {"holt", ESModelSpec::kHolt},
+      {"damped-trend", ESModelSpec::kDampedTrend},
+      {"winters-additive", ESModelSpec::kAdditiveWinters},
+      {"winters-multiplicative", ESModelSpec::kMultiplicativeWinters}};
+  for (const auto& [name, kind] : kinds) EXPECT_EQ(Fit({"--model", name}).model.kind->kind, kind);
+}
+TEST(Options, VariableDoesNotSwallowTheFile) {
+  const auto invocation = ParseCommandLine({"fit", "--variable", "x", "a.csv"});
+  EXPECT_EQ(invocation.fit->input, "a.csv");
+  EXPECT_EQ(invocation.fit->columns.variables, Arguments{"x"});
+}
+TEST(Options, NumbersAreDecimal) { EXPECT_EQ(Fit({"--season", "012"}).model.season_length, 12U); }
+
+TEST(OptionsError, CountsAreWholeNumbersWithinBounds) {
+  for (const char* bad : {"0", "-1", "1.5", "x", "", "99999999999", "1000000000"}) {
+    for (const auto& [option, most] :
+         {std::pair("--season", "1000000"), std::pair("--jobs", "1024"),
+          std::pair("--forecast", "10000")}) {
+      if (std::string(bad).empty()) continue;
+      EXPECT_EQ(FitError({std::string(option) + "=" + bad}),
+                std::string(option) + ": '" + bad + "' is not a whole number from 1 to " + most);
+    }
+  }
+}
+TEST(OptionsError, UnknownValues) {
+  EXPECT_EQ(FitError({"--model", "arima"}),
+            "--model: 'arima' is none of auto, simple, brown, holt, damped-trend, simple-seasonal, "
+            "winters-additive, winters-multiplicative");
+  EXPECT_EQ(FitError({"--transform", "cube"}), "--transform: 'cube' is none of none, log, sqrt");
+}
+TEST(OptionsError, UnknownOptionsAreNamed) {
+  EXPECT_NE(FitError({"--modell", "simple"}).find("--modell"), std::string::npos);
+  EXPECT_NE(FitError({"more.csv"}).find("more.csv"), std::string::npos);
+}
+TEST(OptionsError, EveryErrorIsOneLine) {
+  for (const Arguments& arguments :
+       {Arguments{}, Arguments{"--bad"}, Arguments{"fit"}, Arguments{"fit", "a", "--season"},
+        Arguments{"guess"}, Arguments{"fit", "a", "--name", "x", "--name", "y"},
+        Arguments{"fit", "a", "--model", "x\ny"}, Arguments{"fit", "a\n", "--no\nsuch"}}) {
+    const std::string error = ErrorOf([&] { ParseCommandLine(arguments); });
+    EXPECT_NE(error, "no error");
+    EXPECT_EQ(error.find('\n'), std::string::npos) << error;
+  }
+}
+TEST(OptionsError, ControlCharactersInNames) {
+  EXPECT_EQ(FitError({"--name", "a\tb"}), "--name: 'a?b' holds control characters or is not UTF-8");
+  EXPECT_EQ(FitError({"--descriptor", "caf\xE9"}),
+            "--descriptor: 'caf?' holds control characters or is not UTF-8");
+}
+TEST(OptionsError, TwoThingsOnStandardOutput) {
+  EXPECT_EQ(FitError({"-o", "-", "--forecast", "3"}),
+            "-o - and --forecast would both print on standard output");
+}
+TEST(OptionsError, SeasonalModelWithoutASeason) {
+  EXPECT_EQ(FitError({"--model", "winters-additive", "--season", "1"}),
+            "--season 1 means no season, which winters-additive needs");
+}
+
+TEST(HelpPages, FitsTheTerminalAndNamesEveryOption) {
+  const std::string page = ParseCommandLine({"fit", "--help"}).page;
+  for (const char* option :
+       {"SERIES.csv", "--model", "--season", "--transform", "--variable", "--id", "--time",
+        "--name", "--descriptor", "--jobs", "--forecast", "--plot", "--gaps", "--first-case-day",
+        "-o", "Exit status", "Examples"}) {
+    EXPECT_NE(page.find(option), std::string::npos) << option;
+  }
+  std::size_t longest = 0;
+  for (std::size_t at = 0; at < page.size();) {
+    const std::size_t end = page.find('\n', at);
+    longest = std::max(longest, end - at);
+    at = end + 1;
+  }
+  EXPECT_LE(longest, 80U);
+}
+TEST(HelpPages, FirstCaseDayTellsThatReadersRejectTheDocument) {
+  std::string page = ParseCommandLine({"fit", "--help"}).page;
+  std::string words;
+  for (const char c : page) {
+    if (c == '\n')
+      words += ' ';
+    else if (c != ' ' || words.back() != ' ')
+      words += c;
+  }
+  EXPECT_NE(words.find("two attributes named month"), std::string::npos);
+  EXPECT_NE(page.find("reject"), std::string::npos);
+}
+TEST(HelpPages, MainPageNamesTheCommand) {
+  EXPECT_NE(ParseCommandLine({"--help"}).page.find("fit "), std::string::npos);
+}
+TEST(HelpPages, VersionNamesLibraryAndCore) {
+  const std::string page = ParseCommandLine({"--version"}).page;
+  EXPECT_NE(page.find("libtsxport"), std::string::npos);
+  EXPECT_NE(page.find("libtsfcore"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace tsx::cli
