@@ -225,6 +225,7 @@ std::string CsvText(const CsvTable& table) {
   std::string text;
   const auto addRow = [&](const std::vector<CsvCell>& row) {
     std::vector<std::string> fields;
+    fields.reserve(row.size());
     for (const CsvCell& cell : row) fields.push_back(CsvField(cell.text));
     // An empty line at the end would not be read as a row; a pair of quotes is.
     const std::string line = Joined(fields, std::string_view(&table.separator, 1));

@@ -97,7 +97,7 @@ void MakeMonthsOfDates(DateAxis& axis, const Ticks& ticks, const MonthScale& sca
 }
 
 void MakeDays(DateAxis& axis, const Ticks& ticks, const WorkingScale& scale) {
-  const std::int64_t step = StepOf(ticks) / scale.ticks_per_day;
+  const std::int64_t step = std::max<std::int64_t>(StepOf(ticks) / scale.ticks_per_day, 1);
   const std::int64_t first = ticks.front() / scale.ticks_per_day;
   axis.increment = static_cast<unsigned>(step);
   if (step == 1) {

@@ -3,10 +3,8 @@
 namespace tsx::cli {
 namespace {
 
-using std::chrono_literals::operator""ms;
-
-constexpr auto kPatience = 300ms;  // before the bar shows up
-constexpr auto kInterval = 100ms;  // between two drawings
+constexpr std::chrono::milliseconds kPatience(300);  // before the bar shows up
+constexpr std::chrono::milliseconds kInterval(100);  // between two drawings
 constexpr std::size_t kWidth = 40;
 
 }  // namespace

@@ -79,7 +79,7 @@ std::string MakeTemporary(const std::string& target, int& descriptor) {
   const std::filesystem::path folder = std::filesystem::path(target).parent_path();
   const std::string front = (folder / ".tsxport.").string() + std::to_string(getpid()) + ".";
   for (int attempt = 0;; ++attempt) {
-    const std::string name = front + std::to_string(attempt) + ".tmp";
+    std::string name = front + std::to_string(attempt) + ".tmp";
     descriptor = open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (descriptor >= 0 || errno != EEXIST) return name;
   }

@@ -131,6 +131,7 @@ std::vector<std::size_t> Marks(TimeUnit unit, const std::vector<std::int64_t>& t
 std::vector<TimeTick> Labelled(const DateAxis& axis, const std::vector<std::size_t>& marks,
                                Count count) {
   std::vector<TimeTick> labelled;
+  labelled.reserve(marks.size());
   for (const std::size_t at : marks) labelled.push_back({at, LabelOf(axis.CaseText(at), count)});
   return labelled;
 }

@@ -36,8 +36,8 @@ std::string Grouped(const std::string& text) {
 
 std::vector<double> ValueScale::Ticks() const {
   std::vector<double> ticks;
-  const double count = std::round((high - low) / step);
-  for (double i = 0; i <= count; ++i) ticks.push_back(low + i * step);
+  const auto count = static_cast<int>(std::lround((high - low) / step));
+  for (int i = 0; i <= count; ++i) ticks.push_back(low + i * step);
   return ticks;
 }
 

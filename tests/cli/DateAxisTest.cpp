@@ -244,6 +244,7 @@ TEST(DateAxis, EverySeventhSecondFitsNoMinute) {
 TEST(DateAxis, LoneTimeHasACalendar) {
   EXPECT_EQ(Calendar(AxisOf({"1949-05"})), "Year 1949 | Month/12 4 | by 1");
   EXPECT_EQ(Calendar(AxisOf({"2020-01-06"})), "Week 105347 | Day/7 1 | by 1");
+  EXPECT_EQ(Calendar(AxisOf({"2020-01-06 06:30"})), "Week 105347 | Day/7 1 | by 1");
 }
 
 TEST(DateAxisFault, TimesThatFillATenthOfTheCasesAreRegularEnough) {
