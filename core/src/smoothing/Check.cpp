@@ -32,8 +32,14 @@ bool CheckOptions(const SmoothingOptions& options, SmoothingFit& fit) {
   return true;
 }
 
+// Differences of larger values are no longer numbers.
+constexpr double kLargest = 1e300;
+
 bool CheckValue(double y, std::size_t at, const SmoothingOptions& options, SmoothingFit& fit) {
   if (!std::isfinite(y)) return Refuse(fit, FitStatus::kNotFinite, "a value is not finite", at);
+  if (std::abs(y) > kLargest) {
+    return Refuse(fit, FitStatus::kNotFinite, "a value is too large to calculate with", at);
+  }
   if (options.function_type == TSTransformation::kLogarithm && y <= 0) {
     return Refuse(fit, FitStatus::kNotPositive, "the logarithm needs values above 0", at);
   }

@@ -30,7 +30,7 @@ constexpr Effort kFirstRound = {.followed = 12, .short_run = 25, .finished = 4};
 constexpr Effort kSecondRound = {.followed = 200, .short_run = 300, .finished = 8};
 constexpr Effort kLongSeries = {.followed = 6, .short_run = 25, .finished = 2};
 constexpr int kLongRun = 1000;
-constexpr int kRestarts = 4;
+constexpr int kRestarts = 10;
 
 // Two sums of squares that differ by less than this share belong to the same basin.
 constexpr double kSameBasin = 1e-4;
@@ -60,18 +60,43 @@ Components Flat(Components start) {
   return start;
 }
 
-// Spread weights with their starting components solved for, from the rough ones, or from flat ones
-// where those lie outside the region of a multiplicative model. Ends at a sum that is rounding.
+// The first of three starts that lies in the region of the model: the rough one, a flat one, and
+// one at the mean of the series (1), which does for weights that learn nothing.
+std::vector<double> PackInside(SmoothingProblem& problem, const std::vector<double>& weights,
+                               const Components& rough) {
+  std::vector<double> parameters = problem.Pack(weights, rough);
+  if (std::isfinite(problem.Sse(parameters))) return parameters;
+  Components flat = Flat(rough);
+  parameters = problem.Pack(weights, flat);
+  if (std::isfinite(problem.Sse(parameters))) return parameters;
+  flat.level = 1;
+  return problem.Pack(weights, flat);
+}
+
+// Weights that learn nothing leave a line with a fixed season, which a series made by rule fits to
+// the last digit: a multiplicative model is solved through for it.
+constexpr int kLineSteps = 8;
+
+double SolveStart(SmoothingProblem& problem, std::vector<double>& parameters) {
+  double sse = problem.Sse(parameters);
+  if (!CanSolve(problem)) return sse;
+  const bool ratios = problem.Traits().season == Season::kMultiplicative;
+  const int steps = ratios && parameters[0] == 0 ? kLineSteps : 1;
+  for (int i = 0; i < steps; ++i) {
+    const double before = sse;
+    sse = SolveComponents(problem, parameters);
+    if (!(sse < before)) break;
+  }
+  return sse;
+}
+
+// Spread weights with their starting components solved for. Ends at a sum that is rounding.
 std::vector<Candidate> Spread(SmoothingProblem& problem, double exactSse) {
   const Components rough = RoughStart(problem);
   std::vector<Candidate> candidates;
   for (const auto& weights : SpreadWeights(problem.Traits())) {
-    Candidate candidate{problem.Pack(weights, rough)};
-    if (!std::isfinite(problem.Sse(candidate.parameters))) {
-      candidate.parameters = problem.Pack(weights, Flat(rough));
-    }
-    candidate.sse = CanSolve(problem) ? SolveComponents(problem, candidate.parameters)
-                                      : problem.Sse(candidate.parameters);
+    Candidate candidate{PackInside(problem, weights, rough)};
+    candidate.sse = SolveStart(problem, candidate.parameters);
     candidates.push_back(std::move(candidate));
     if (candidates.back().sse <= exactSse) break;
   }
@@ -121,7 +146,18 @@ bool Finish(SmoothingProblem& problem, double exactSse, Candidate& candidate) {
   return false;
 }
 
-SearchResult Result(Candidate&& best, int starts, bool converged) {
+// A weight that the errors do not depend on is 0: the trend's where the level takes up nothing or
+// the trend is damped away at once, the season's where the level takes up everything.
+void SettleIdleWeights(const KindTraits& traits, std::vector<double>& parameters) {
+  const auto at = [&](int weight) -> double& { return parameters[static_cast<std::size_t>(weight)]; };
+  const bool idleTrend = parameters[0] == 0 || (traits.damped && at(traits.damping_weight) == 0);
+  if (traits.trend_weight >= 0 && idleTrend) at(traits.trend_weight) = 0;
+  if (traits.season_weight >= 0 && parameters[0] == 1) at(traits.season_weight) = 0;
+}
+
+SearchResult Result(const SmoothingProblem& problem, Candidate&& best, int starts,
+                    bool converged) {
+  SettleIdleWeights(problem.Traits(), best.parameters);
   return {std::move(best.parameters), best.sse, best.evaluations, starts, converged};
 }
 
@@ -130,7 +166,7 @@ SearchResult Result(Candidate&& best, int starts, bool converged) {
 SearchResult Search(SmoothingProblem& problem, double exactSse) {
   std::vector<Candidate> spread = Spread(problem, exactSse);
   const auto starts = static_cast<int>(spread.size());
-  if (spread.back().sse <= exactSse) return Result(std::move(spread.back()), starts, true);
+  if (spread.back().sse <= exactSse) return Result(problem, std::move(spread.back()), starts, true);
   SortBySse(spread);
 
   std::vector<Candidate> candidates = spread;
@@ -142,7 +178,7 @@ SearchResult Search(SmoothingProblem& problem, double exactSse) {
     Round(problem, kSecondRound, exactSse, candidates);
   }
   const bool converged = Finish(problem, exactSse, candidates[0]);
-  return Result(std::move(candidates[0]), starts, converged);
+  return Result(problem, std::move(candidates[0]), starts, converged);
 }
 
 }  // namespace tsffit

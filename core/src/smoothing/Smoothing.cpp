@@ -24,7 +24,7 @@ double RoundingError(std::span<const double> series, double unit) {
   for (const double y : series) {
     if (y != MV::gMissingValue) largest = std::max(largest, std::abs(y));
   }
-  return 1e-15 * largest / unit + 1e-14;
+  return 4e-15 * largest / unit + 1e-13;
 }
 
 std::size_t CountObserved(std::span<const double> series) {

@@ -104,6 +104,10 @@ std::vector<std::vector<double>> SpreadWeights(const KindTraits& traits) {
   std::vector<std::vector<double>> all = {
       std::vector<double>(static_cast<std::size_t>(traits.weight_count), 0.0)};
   all[0][0] = traits.least_level_weight;
+  if (traits.damped) {
+    all.push_back(all[0]);
+    all[1][static_cast<std::size_t>(traits.damping_weight)] = 1;
+  }
   std::vector<Spread> axes;
   const bool alone = traits.weight_count == 1;
   axes.push_back(alone ? Spread{0.03, 0.1, 0.2, 0.35, 0.5, 0.7, 0.85, 0.97}

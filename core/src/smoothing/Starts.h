@@ -8,7 +8,8 @@
 namespace tsffit {
 
 // Weight vectors spread over the box, weights on their bounds among them: such optima are common.
-// All zero (Brown's weight: its least value) comes first.
+// Those that learn nothing come first: all zero (Brown's weight: its least value), and for a damped
+// trend all zero but the damping, which is 1.
 std::vector<std::vector<double>> SpreadWeights(const KindTraits& traits);
 
 // Components before the first case by the classical decomposition: seasonal values from a centred

@@ -21,14 +21,18 @@ constexpr double kStep = 1e-4;
 // Share of its curvature that a weight must keep after the other parameters have adapted.
 constexpr double kLeastShare = 1e-9;
 
+bool OnBound(const SmoothingProblem& problem, double weight, std::size_t position) {
+  const double lower = position == 0 ? problem.Traits().least_level_weight : 0;
+  return weight <= lower || weight >= 1;
+}
+
 // Parameters whose curvature counts: free weights, then starting components. The last seasonal
 // value is left out, since only its difference from the level counts.
 std::vector<std::size_t> Active(const SmoothingProblem& problem,
                                 const std::vector<double>& parameters) {
   std::vector<std::size_t> active;
   for (std::size_t w = 0; w < problem.WeightCount(); ++w) {
-    const double lower = w == 0 ? problem.Traits().least_level_weight : 0;
-    if (parameters[w] > lower && parameters[w] < 1) active.push_back(w);
+    if (!OnBound(problem, parameters[w], w)) active.push_back(w);
   }
   const bool seasonal = problem.Traits().season != Season::kNone;
   std::size_t end = problem.Layout().size - (seasonal ? 1 : 0);
@@ -72,6 +76,22 @@ MatrixXd Concentrated(const MatrixXd& hessian, Index weights) {
   return hessian.topLeftCorner(weights, weights) - cross.transpose() * adapted;
 }
 
+// Rows of the weights that bend the sum of squares at all.
+std::vector<Index> Bending(const MatrixXd& curvature, double most) {
+  std::vector<Index> bending;
+  for (Index i = 0; i < curvature.rows(); ++i) {
+    if (curvature(i, i) > kLeastShare * most) bending.push_back(i);
+  }
+  return bending;
+}
+
+double ErrorVariance(SmoothingProblem& problem, const std::vector<double>& parameters) {
+  const std::span<const double> series = problem.Series();
+  const auto missing = std::count(series.begin(), series.end(), MV::gMissingValue);
+  const auto observed = series.size() - static_cast<std::size_t>(missing);
+  return problem.Sse(parameters) / static_cast<double>(observed - problem.WeightCount());
+}
+
 }  // namespace
 
 std::vector<double> WeightStdErrors(SmoothingProblem& problem,
@@ -80,25 +100,24 @@ std::vector<double> WeightStdErrors(SmoothingProblem& problem,
   const std::vector<std::size_t> active = Active(problem, parameters);
   const auto weights = static_cast<Index>(std::count_if(
       active.begin(), active.end(), [&](std::size_t i) { return i < problem.WeightCount(); }));
+  if (weights == 0) return errors;
   const MatrixXd hessian = Hessian(problem, parameters, active);
-  if (weights == 0 || hessian.size() == 0) return errors;
+  if (hessian.size() == 0) return errors;
 
   const MatrixXd curvature = Concentrated(hessian, weights);
-  const Eigen::LDLT<MatrixXd> factor(curvature);
-  const double least = kLeastShare * hessian.diagonal().head(weights).maxCoeff();
-  if (!factor.isPositive() || !(factor.vectorD().minCoeff() > least)) return errors;
-  const MatrixXd inverse = factor.solve(MatrixXd::Identity(weights, weights));
+  const std::vector<Index> bending = Bending(curvature, hessian.diagonal().head(weights).maxCoeff());
+  if (bending.empty()) return errors;
+  const Eigen::LDLT<MatrixXd> factor(MatrixXd(curvature(bending, bending)));
+  if (!factor.isPositive() || !(factor.vectorD().minCoeff() > 0)) return errors;
+  const auto count = static_cast<Index>(bending.size());
+  const MatrixXd inverse = factor.solve(MatrixXd::Identity(count, count));
 
-  const std::span<const double> series = problem.Series();
-  const auto observed =
-      series.size() - static_cast<std::size_t>(
-                          std::count(series.begin(), series.end(), MV::gMissingValue));
-  const double variance =
-      problem.Sse(parameters) / static_cast<double>(observed - problem.WeightCount());
-  for (Index i = 0; i < weights; ++i) {
+  const double variance = ErrorVariance(problem, parameters);
+  for (Index i = 0; i < count; ++i) {
     const double squared = variance * inverse(i, i);
+    const Index row = bending[static_cast<std::size_t>(i)];
     if (squared > 0 && std::isfinite(squared)) {
-      errors[active[static_cast<std::size_t>(i)]] = std::sqrt(squared);
+      errors[active[static_cast<std::size_t>(row)]] = std::sqrt(squared);
     }
   }
   return errors;
