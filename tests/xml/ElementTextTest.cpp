@@ -158,16 +158,16 @@ TEST(ElementText, WritingTwiceGivesTheSameTwice) {
 }
 
 TEST(ElementText, DeepTreesHaveAsManyTabs) {
-  constexpr int kDepth = 5000;  // more tabs than an output block has bytes
+  constexpr std::size_t kDepth = 5000;  // more tabs than an output block has bytes
   const auto root = NewElement("r");
   XMLElement* innermost = root.get();
-  for (int i = 0; i < kDepth; ++i) innermost = &AddChild(*innermost, "e");
+  for (std::size_t i = 0; i < kDepth; ++i) innermost = &AddChild(*innermost, "e");
   innermost->AddAttribute("x", "1");
   std::string expected = "\n<r>";
-  for (int i = 1; i < kDepth; ++i) expected += "\n" + std::string(i, '\t') + "<e>";
+  for (std::size_t i = 1; i < kDepth; ++i) expected += "\n" + std::string(i, '\t') + "<e>";
   expected +=
       "\n" + std::string(kDepth, '\t') + "<e\n" + std::string(kDepth + 1, '\t') + "x=\"1\"/>";
-  for (int i = kDepth - 1; i > 0; --i) expected += "\n" + std::string(i, '\t') + "</e>";
+  for (std::size_t i = kDepth - 1; i > 0; --i) expected += "\n" + std::string(i, '\t') + "</e>";
   expected += "\n</r>";
   EXPECT_TRUE(Written(*root) == expected);
 }
