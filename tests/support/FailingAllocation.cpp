@@ -4,6 +4,8 @@
 #include <cstdlib>
 #include <utility>
 
+#if TSXPORT_ALLOCATIONS_FAIL
+
 namespace {
 
 thread_local long failFrom = 0;
@@ -50,3 +52,15 @@ void operator delete(void* block) noexcept { Free(block); }
 void operator delete(void* block, std::size_t) noexcept { Free(block); }
 void operator delete(void* block, std::align_val_t) noexcept { Free(block); }
 void operator delete(void* block, std::size_t, std::align_val_t) noexcept { Free(block); }
+
+#else
+
+namespace test {
+
+long FailAllocationsFrom(long /*n*/) { return 0; }
+long AllocationCount() { return 0; }
+long LiveBlocks() { return 0; }
+
+}  // namespace test
+
+#endif
