@@ -1,6 +1,7 @@
 #include "export/DateSpecDictionary.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <utility>
 
 namespace tsx {

@@ -14,7 +14,9 @@ using TIMESERIESXML::ExportFormat;
 using TIMESERIESXML::XMLUtil;
 
 TSXMLTreeImp::TSXMLTreeImp() = default;
-TSXMLTreeImp::~TSXMLTreeImp() = default;
+
+// The models go before all else that the tree holds.
+TSXMLTreeImp::~TSXMLTreeImp() { models_.clear(); }
 
 void TSXMLTreeImp::SetApplication(std::string name, std::string version) {
   application_.Set(std::move(name), std::move(version));

@@ -25,8 +25,8 @@ class TSX_EXPORT ModelXMLTreeMaker : public ForecastStateVisitor {
   ModelXMLTreeMaker(const ModelXMLTreeMaker&) = delete;
   ModelXMLTreeMaker& operator=(const ModelXMLTreeMaker&) = delete;
 
-  // Builds "ExpSmoothingModel". Nothing, when the kind is unknown, when a weight has no estimate,
-  // or when the state lacks its level, a trend its kind has, or a seasonal value.
+  // Builds "ExpSmoothingModel". Nothing, when the kind is unknown, when a weight's estimate is
+  // missing, or when the state lacks its level, a trend its kind has, or a seasonal value.
   void Visit(const ESForecastState& state) override;
   // ARIMA models have no encoder yet: these leave nothing.
   void Visit(const ARMACLSForecastState& state) override;

@@ -57,8 +57,10 @@ class TSX_EXPORT TSXMLTree {
   // Adds a model under the names of `refs`; true when the tree has taken it. False, with nothing
   // added, when the model name or the dependent variable's ID is empty, when the date
   // specification ID is neither 0 nor known here, when the predictor IDs do not match the model's
-  // predictors or one is empty, or when the model cannot be encoded (no estimates, a missing level,
-  // trend or season in its final state).
+  // predictors or one is empty, or when the model cannot be encoded: it has no forecast state, its
+  // kind is unknown, a weight's estimate is missing, or its final state lacks the level, the trend
+  // or a seasonal value. (A vector of estimates too short for the model is no obstacle: the weights
+  // are then left out of the document.)
   bool AddModelTree(TSFModel model, const TSXDictionaryRefs& refs);
 
   // The same for a Croston model, which has no predictors. It always becomes time-series XML.

@@ -82,6 +82,15 @@ TEST_F(TimeFieldOfTree, ObservationsAreATime) {
   EXPECT_EQ(After(spec), "Obs/time");
 }
 
+TEST_F(TimeFieldOfTree, PeriodWithoutANameLeavesItAsItWas) {
+  constexpr auto kNameless = static_cast<TSXDateSpec::PeriodType>(11);
+  After(Hourly());
+  EXPECT_EQ(After(TSXDateSpec(kNameless)), "Hour/time");
+  TSXDateSpec behindMonths = Monthly();
+  ASSERT_FALSE(behindMonths.AddPeriod(kNameless, 4, 0, 0).IsError());
+  EXPECT_EQ(After(behindMonths), "Month/date");
+}
+
 TEST_F(TimeFieldOfTree, ReusedSpecificationSetsItAgain) {
   After(Monthly());
   After(Hourly());

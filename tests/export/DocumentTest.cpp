@@ -6,6 +6,7 @@
 
 #include <tsxport/TSXMLTree.h>
 
+#include "export/Application.h"
 #include "export/Calendars.h"
 #include "export/TSXMLTreeImp.h"
 #include "support/FailingAllocation.h"
@@ -95,15 +96,19 @@ TEST(Document, DateSpecificationsStandInOrderOfRegistration) {
 }
 
 TEST(Document, EquivalentSpecificationIsWrittenWithTheFirstOnesValues) {
-  TSXDateSpec fiscal = test::Monthly();
-  fiscal.SetFiscalYearStart(4);
+  TSXDateSpec other = test::Hourly();
+  other.SetFiscalYearStart(4);
+  other.SetForcedSeasonLength(168);
+  ASSERT_TRUE(other.SetFirstCaseDay(15, 3, 2001));
   TSXMLTree tree;
-  tree.AddDateSpec(test::Monthly(), "first");
-  const int id = tree.AddDateSpec(fiscal, "second");
+  tree.AddDateSpec(test::Hourly(), "first");
+  const int id = tree.AddDateSpec(other, "second");
   ASSERT_TRUE(tree.AddModelTree(test::SimpleModel(), Refs(id)));
   const std::string text = Written(tree);
   EXPECT_NE(text.find("dateSpecDescriptor=\"first\""), std::string::npos);
   EXPECT_EQ(text.find("fiscalYearStart"), std::string::npos);
+  EXPECT_EQ(text.find("forcedSeasonLength"), std::string::npos);
+  EXPECT_EQ(text.find("FirstCaseDay"), std::string::npos);
 }
 
 TEST(Document, EmptyVersionLeavesTheNameAlone) {
@@ -119,6 +124,14 @@ TEST(Document, EmptyApplicationNameDiscardsTheVersion) {
   tree.SetApplication("", "2");
   ASSERT_TRUE(tree.AddModelTree(test::SimpleModel(), Refs()));
   EXPECT_NE(Written(tree).find("\n\t<Header/>\n"), std::string::npos);
+}
+
+TEST(ApplicationName, EmptyOneClearsAGivenVersionToo) {
+  tsx::Application application;
+  application.Set("App", "1");
+  application.Set("", "2");
+  EXPECT_EQ(application.name(), "");
+  EXPECT_EQ(application.version(), "");
 }
 
 TEST(Document, WriteEmptiesTheTreeAndASecondOneWritesNothing) {
@@ -146,7 +159,9 @@ TEST(BareListing, ModelsStandBackToBackWithoutAFrame) {
   TSXMLTreeImp imp;
   ASSERT_TRUE(imp.AddModelTree(test::SimpleModel(), Refs(0, "one")));
   ASSERT_TRUE(imp.AddModelTree(test::SimpleModel(), Refs(0, "two")));
-  test::ExpectGolden("export/golden/bare_listing.xml", Written(imp, false));
+  const std::string text = Written(imp, false);
+  test::ExpectGolden("export/golden/bare_listing.xml", text);
+  test::ExpectWellFormed("<listing>" + text + "</listing>");
   EXPECT_EQ(imp.GetModelCount(), 0U);
   std::ostringstream out;
   EXPECT_FALSE(imp.WriteToStream(out, true));
@@ -159,6 +174,26 @@ TEST(BareListing, KeepsTheDictionary) {
   Written(imp, false);
   ASSERT_TRUE(imp.AddModelTree(test::SimpleModel(), Refs(id)));
   EXPECT_NE(Written(imp, true).find("<Year"), std::string::npos);
+}
+
+TEST(BareListing, BrokenStreamTakesAPrefixAndAThrowingOneLosesNothing) {
+  TSXMLTreeImp imp;
+  ASSERT_TRUE(imp.AddModelTree(test::SimpleModel(), Refs(0, "one")));
+  ASSERT_TRUE(imp.AddModelTree(test::SimpleModel(), Refs(0, "two")));
+  const std::string whole = test::ReadTestFile("export/golden/bare_listing.xml");
+  for (std::size_t capacity = 0; capacity < whole.size(); ++capacity) {
+    test::FailingStreambuf buffer(capacity);
+    std::ostream out(&buffer);
+    out.exceptions(std::ios::badbit);
+    EXPECT_THROW(imp.WriteToStream(out, false), std::ios_base::failure);
+    EXPECT_EQ(buffer.taken(), whole.substr(0, capacity));
+    EXPECT_EQ(imp.GetModelCount(), 2U);
+  }
+  test::FailingStreambuf buffer(whole.size() / 2);
+  std::ostream out(&buffer);
+  EXPECT_TRUE(imp.WriteToStream(out, false));
+  EXPECT_EQ(buffer.taken(), whole.substr(0, whole.size() / 2));
+  EXPECT_EQ(imp.GetModelCount(), 0U);
 }
 
 TEST(BareListing, WithoutModelsWritesNothing) {

@@ -10,11 +10,15 @@ namespace {
 
 thread_local long failFrom = 0;
 thread_local long allocations = 0;
+thread_local long failures = 0;
 thread_local long liveBlocks = 0;
 
 void* Allocate(std::size_t size, std::size_t alignment) {
   ++allocations;
-  if (failFrom > 0 && allocations >= failFrom) throw std::bad_alloc();
+  if (failFrom > 0 && allocations >= failFrom) {
+    ++failures;
+    throw std::bad_alloc();
+  }
   const std::size_t rounded = (size + alignment - 1) / alignment * alignment;
   void* block = alignment <= alignof(std::max_align_t)
                     ? std::malloc(size == 0 ? 1 : size)
@@ -36,11 +40,13 @@ namespace test {
 
 long FailAllocationsFrom(long n) {
   allocations = 0;
+  failures = 0;
   return std::exchange(failFrom, n);
 }
 
 long AllocationCount() { return allocations; }
 long LiveBlocks() { return liveBlocks; }
+long FailureCount() { return failures; }
 
 }  // namespace test
 

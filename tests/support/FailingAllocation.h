@@ -29,6 +29,9 @@ long FailAllocationsFrom(long n);
 long AllocationCount();
 long LiveBlocks();
 
+// Allocations of this thread that were made to fail since FailAllocationsFrom() was last called.
+long FailureCount();
+
 // Lets all allocations succeed for one scope; afterwards counting begins anew at the next one.
 class AllocationsSucceed {
  public:
@@ -59,8 +62,12 @@ void WithEveryAllocationFailing(Action action, AfterFailure afterFailure) {
       failed = true;
     }
     const long count = AllocationCount();
+    const long failures = FailureCount();
     FailAllocationsFrom(0);
     EXPECT_EQ(LiveBlocks(), before) << "leak when allocation " << n << " fails";
+    // An assertion that fails while memory is out throws std::bad_alloc itself, unseen.
+    EXPECT_LE(failures, 1) << "something allocated again after allocation " << n
+                           << " failed; put AllocationsSucceed before assertions";
     if (!failed) {
       EXPECT_LT(count, n) << "allocation " << n << " failed in silence";
       EXPECT_GT(n, 1) << "the action allocates nothing, so nothing was tested";

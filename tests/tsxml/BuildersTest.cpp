@@ -160,6 +160,15 @@ TEST(Transformation, OrdersAndDelayFollowInAFixedOrder) {
             " delay=\"3\"/></M>");
 }
 
+TEST(Transformation, DifferencingAloneIsEnough) {
+  ElementPtr regular = MakeElement("M");
+  EXPECT_TRUE(tsx::AppendTransformation(*regular, {.non_seasonal_diff = 1}));
+  EXPECT_EQ(Compact(*regular), "<M><Transformation nonSeasonalDiff=\"1\"/></M>");
+  ElementPtr seasonal = MakeElement("M");
+  EXPECT_TRUE(tsx::AppendTransformation(*seasonal, {.seasonal_diff = 2}));
+  EXPECT_EQ(Compact(*seasonal), "<M><Transformation seasonalDiff=\"2\"/></M>");
+}
+
 TEST(Transformation, DelayAloneIsEnough) {
   ElementPtr e = MakeElement("M");
   EXPECT_TRUE(tsx::AppendTransformation(*e, {.delay = 5}));

@@ -175,6 +175,23 @@ TEST(ExpSmoothingModel, SeasonLengthOfOneIsNotWritten) {
             "</ExpSmoothingModel>");
 }
 
+TEST(ExpSmoothingModel, DeclaredSeasonOfAKindWithoutOneIsNotWritten) {
+  const ESModelSpec holt(ESModelSpec::ForKind(ESModelSpec::kHolt, 12));
+  const ElementPtr e = tsx::MakeExpSmoothingModel(holt, Refs(), {}, {}, nullptr, nullptr);
+  EXPECT_EQ(Compact(*e),
+            "<ExpSmoothingModel modelName=\"m\" variableID=\"y\"><ESHolt/></ExpSmoothingModel>");
+}
+
+// Two parameters of which one is fixed: one estimate is too few all the same.
+TEST(ExpSmoothingModel, FixedWeightsCountAmongTheParameters) {
+  ESModelSpec::Fields fields = ESModelSpec::ForKind(ESModelSpec::kHolt, 1);
+  fields.fixed_count = 1;
+  const ElementPtr e =
+      tsx::MakeExpSmoothingModel(ESModelSpec(fields), Refs(), {0.5}, {}, nullptr, nullptr);
+  EXPECT_EQ(Compact(*e),
+            "<ExpSmoothingModel modelName=\"m\" variableID=\"y\"><ESHolt/></ExpSmoothingModel>");
+}
+
 TEST(ExpSmoothingModel, LeavesNothingBehindWhereverMemoryRunsOut) {
   const ESForecastState winters = test::WintersState();
   const EstimationInfo info = test::SmallInfo();

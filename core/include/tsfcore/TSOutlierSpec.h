@@ -14,6 +14,7 @@ class TSF_EXPORT TSOutlierSpec {
     kSeasonalAdditive = 4,
     kTrend = 5,
     kInnovational = 6,
+    kVarianceChange = 7,  // of other cores: the embedded one does not make it
   };
 
   TSOutlierSpec() = default;
