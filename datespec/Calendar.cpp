@@ -54,7 +54,7 @@ bool Calendar::Admits(std::span<const unsigned> indexes) const {
   if (indexes.size() != periods_.size()) return false;
   for (std::size_t i = 1; i < indexes.size(); ++i) {
     const TimePeriod& period = periods_[i];
-    if (indexes[i] < period.sub_cycle_start) return false;
+    // Unsigned: an index below the start is far beyond the length.
     if (indexes[i] - period.sub_cycle_start >= period.sub_cycle_length) return false;
   }
   if (excluded_ != 0 && indexes[excluded_] != QuarterOfMonth(indexes[excluded_ + 1])) return false;
@@ -118,7 +118,7 @@ void Calendar::Insert(std::size_t at, const TimePeriod& period) {
   periods_.insert(periods_.begin() + static_cast<std::ptrdiff_t>(at), period);
   if (meets) {
     excluded_ = period.type == PeriodType::Quarter ? at : at - 1;
-  } else if (excluded_ != 0 && at <= excluded_) {
+  } else if (at <= excluded_) {  // never where there is none: `at` is behind the base
     ++excluded_;
   }
 }

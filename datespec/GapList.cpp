@@ -31,8 +31,8 @@ void GapList::MoveStart(std::int64_t steps) {
   RebuildCaseOffsets(0);
 }
 
+// Nothing special about negative offsets, either way: no gap is at or before them.
 std::int64_t GapList::CaseOffset(std::int64_t virtualOffset, AtGap atGap) const {
-  if (virtualOffset < 0) return virtualOffset;
   const auto at = std::lower_bound(offsets_.begin(), offsets_.end(), virtualOffset);
   const std::int64_t caseOffset = virtualOffset - (at - offsets_.begin());
   if (at == offsets_.end() || *at != virtualOffset) return caseOffset;
@@ -48,7 +48,6 @@ std::int64_t GapList::CaseOffset(std::int64_t virtualOffset, AtGap atGap) const 
 }
 
 std::int64_t GapList::VirtualOffset(std::int64_t caseOffset) const {
-  if (caseOffset < 1) return caseOffset;
   const auto after = std::upper_bound(case_offsets_.begin(), case_offsets_.end(), caseOffset);
   const std::int64_t gapsBefore = after - case_offsets_.begin();
   constexpr std::int64_t kMost = std::numeric_limits<std::int64_t>::max();

@@ -16,7 +16,8 @@ constexpr bool FitsItsCycle(const TimePeriod& period) {
 }
 
 // Years, quarters and months are of unequal length in weeks, days and finer, so the two families
-// do not nest. A cycle goes with everything, and so do periods of neither family.
+// do not nest. Periods of neither family go with everything; a cycle finds none coarser than itself
+// but a simple sequence.
 constexpr bool AreCompatible(PeriodType reference, PeriodType type) {
   const auto inYearFamily = [](PeriodType t) {
     return t >= PeriodType::Year && t <= PeriodType::Month;
@@ -24,7 +25,6 @@ constexpr bool AreCompatible(PeriodType reference, PeriodType type) {
   const auto inWeekFamily = [](PeriodType t) {
     return t >= PeriodType::Week && t <= PeriodType::Second;
   };
-  if (type == PeriodType::Cycle) return true;
   if (inYearFamily(reference)) return !inWeekFamily(type);
   if (inWeekFamily(reference)) return type > PeriodType::Month;
   return true;

@@ -172,6 +172,30 @@ TEST(Equivalence, NeverComparesSeasonFiscalYearOrFirstCaseDay) {
   EXPECT_TRUE(spec.IsEquivalent(Furnished(), true));
 }
 
+// The example and the table at the head of TSXDateSpec.h.
+TEST(Manual, ExampleHolds) {
+  TSXDateSpec monthly(TSXDateSpec::Year);
+  monthly.AddPeriod(TSXDateSpec::Month, 12, 0, 0);
+  TSXDateSpec::TSXIndexTuple first(monthly);
+  EXPECT_TRUE(first.SetIndexes({1949, 3}));
+  EXPECT_EQ(monthly.SetFirstCaseIndex(first).GetCode(), 0U);
+  EXPECT_EQ(monthly.IndexTuple(12).GetIndexes(), (Indexes{1950, 3}));
+}
+
+TEST(Manual, UsualCalendarsHaveTheirSeasons) {
+  EXPECT_EQ(Make(Year).DefaultSeasonLength(), 1U);
+  EXPECT_EQ(Make(Year, {{Quarter, 4}}).DefaultSeasonLength(), 4U);
+  EXPECT_EQ(Make(Year, {{Month, 12}}).DefaultSeasonLength(), 12U);
+  TSXDateSpec halfYearly = Make(Year, {{Month, 12}});
+  EXPECT_EQ(halfYearly.SetLowestIncrement(6).GetCode(), 0U);
+  EXPECT_EQ(halfYearly.DefaultSeasonLength(), 2U);
+  EXPECT_EQ(Make(Year, {{Quarter, 4}, {Month, 12}}).DefaultSeasonLength(), 12U);
+  EXPECT_EQ(Make(Week, {{Day, 7}}).DefaultSeasonLength(), 7U);
+  EXPECT_EQ(Make(Week, {{Day, 7, 1, 5}}).DefaultSeasonLength(), 5U);
+  EXPECT_EQ(Make(Day, {{Hour, 24}}).DefaultSeasonLength(), 24U);
+  EXPECT_EQ(Make(SimpleSequence).DefaultSeasonLength(), 1U);
+}
+
 TEST(PeriodNames, AreThoseOfTheDocuments) {
   const char* const kNames[] = {"SimpleSequence", "Cycle",  "Year", "Quarter",
                                 "Month",          "Week",   "Day",  "Hour",

@@ -262,8 +262,9 @@ TEST(QuarterAndMonth, AQuarterWithoutCycleHasNoMonths) {
 }
 
 TEST(QuarterAndMonth, ThreeQuartersAreCountedWithoutWrapAround) {
-  // 3 * 1431655766 is 2 in 32 bits.
-  EXPECT_EQ(Make(Year, {{Quarter, 1431655766U}}).AddPeriod(Month, 2, 0, 0).GetCode(), 40206U);
+  // 3 * 1431655770 is 14 in 32 bits.
+  EXPECT_EQ(Make(Year, {{Quarter, 1431655770U, 0, 4}}).AddPeriod(Month, 14, 0, 12).GetCode(),
+            40206U);
 }
 
 TEST(QuarterAndMonth, AreNotComparedWhenOneIsReplaced) {
