@@ -71,14 +71,15 @@ void Output::Grow(std::size_t size) {
   end_ = begin_ + capacity;
 }
 
+// Puts the conversion behind the piece first, and then in its place.
 void Output::ConvertPiece() {
-  const std::string_view piece(piece_, static_cast<std::size_t>(next_ - piece_));
-  if (!converter_->LeavesAlone(piece)) {
-    const std::string source(piece);
-    next_ = piece_;
-    const std::size_t maxSize = Utf8Converter::MaxSize(source.size());
+  const auto size = static_cast<std::size_t>(next_ - piece_);
+  if (!converter_->LeavesAlone({piece_, size})) {
+    const std::size_t maxSize = Utf8Converter::MaxSize(size);
     if (maxSize > Room()) MakeRoom(maxSize);
-    next_ += converter_->Convert(source, next_);
+    const std::size_t converted = converter_->Convert({piece_, size}, next_);
+    std::memmove(piece_, next_, converted);
+    next_ = piece_ + converted;
   }
   piece_ = next_;
 }

@@ -2,7 +2,6 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <sstream>
-#include <stdexcept>
 
 #include <tsxport/WriteTree.h>
 
@@ -12,104 +11,20 @@
 #include "support/ScopedLocale.h"
 #include "xml/Output.h"
 #include "xml/RandomTree.h"
+#include "xml/Streambufs.h"
 #include "xml/Text.h"
 
 // A stream must see what it would see if each byte came by os.put(): the literal writer does that.
 namespace {
 
 using std::ios_base;
-
-// Takes bytes one by one through overflow() alone.
-class Unbuffered : public std::streambuf {
- public:
-  explicit Unbuffered(std::size_t capacity) : capacity_(capacity) {}
-  const std::string& taken() const { return taken_; }
-  int refusals() const { return refusals_; }
-
- protected:
-  int_type overflow(int_type c) override {
-    if (taken_.size() == capacity_) return Refuse();
-    taken_ += traits_type::to_char_type(c);
-    return c;
-  }
-  virtual int_type Refuse() {
-    ++refusals_;
-    return traits_type::eof();
-  }
-
- private:
-  std::size_t capacity_;
-  std::string taken_;
-  int refusals_ = 0;
-};
-
-struct DiskFull : std::runtime_error {
-  DiskFull() : std::runtime_error("disk full") {}
-};
-
-class Throwing : public Unbuffered {
- public:
-  using Unbuffered::Unbuffered;
-
- protected:
-  int_type Refuse() override { throw DiskFull(); }
-};
-
-// Refuses one byte and would take the next again.
-class RefusingOnce : public Unbuffered {
- public:
-  explicit RefusingOnce(std::size_t at) : Unbuffered(1U << 30U), at_(at) {}
-
- protected:
-  int_type overflow(int_type c) override {
-    if (taken().size() == at_ && !refused_) {
-      refused_ = true;
-      return Refuse();
-    }
-    return Unbuffered::overflow(c);
-  }
-
- private:
-  std::size_t at_;
-  bool refused_ = false;
-};
-
-// Collects five bytes at a time.
-class Buffered : public std::streambuf {
- public:
-  explicit Buffered(std::size_t capacity) : capacity_(capacity) { setp(buffer_, buffer_ + 5); }
-  std::string taken() const { return taken_ + std::string(pbase(), pptr()); }
-
- protected:
-  int_type overflow(int_type c) override {
-    if (taken_.size() + 5 > capacity_) return traits_type::eof();
-    taken_.append(pbase(), pptr());
-    setp(buffer_, buffer_ + 5);
-    return sputc(traits_type::to_char_type(c));
-  }
-
- private:
-  std::size_t capacity_;
-  std::string taken_;
-  char buffer_[5];
-};
-
-// Fails to synchronise when it has that many bytes.
-class FailingSync : public Unbuffered {
- public:
-  explicit FailingSync(std::size_t at) : Unbuffered(1U << 30U), at_(at) {}
-
- protected:
-  int sync() override { return taken().size() >= at_ ? -1 : 0; }
-
- private:
-  std::size_t at_;
-};
-
-struct Flushed : std::streambuf {
-  int sync() override { return ++flushes, 0; }
-  int flushes = 0;
-};
+using test::Buffered;
+using test::CountingFlushes;
+using test::DiskFull;
+using test::FailingSync;
+using test::RefusingOnce;
+using test::Throwing;
+using test::Unbuffered;
 
 struct Seen {
   std::string taken;
@@ -267,7 +182,7 @@ TEST(WriteBytes, StreamWithoutABufferFails) {
 }
 
 TEST(WriteBytes, TiedStreamIsFlushedFirst) {
-  Flushed prompt;
+  CountingFlushes prompt;
   std::ostream first(&prompt);
   Buffered buffer(100);
   std::ostream second(&buffer);

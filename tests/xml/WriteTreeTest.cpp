@@ -6,6 +6,7 @@
 #include <tsxport/XMLDocType.h>
 
 #include "support/Golden.h"
+#include "support/ScopedLocale.h"
 #include "xml/Text.h"
 
 namespace {
@@ -86,6 +87,16 @@ TEST_P(WriteTreeOf, DocTypeWithSubset) {
   docType.AddExtension("<!ELEMENT Report (Total)>");
   docType.AddExtension("<!ELEMENT Total (#PCDATA)>");
   test::ExpectGolden("xml/golden/subset.xml", Written(&docType, *Total(), true));
+}
+
+TEST_P(WriteTreeOf, LocalesChangeNothing) {
+  const test::ScopedLocale german("de_DE.UTF-8");
+  const test::ScopedGroupingCxxLocale grouping;
+  auto report = NewElement("r");
+  report->AddAttribute("x", 1234567.5);
+  EXPECT_EQ(Written(nullptr, *report, false),
+            "<?xml version=\"1.0\" encoding=\"UTF-8\" ?>\n<r x=\"1234567.5\"/>");
+  test::ExpectGolden("xml/golden/formatted.xml", Written(nullptr, *Report(), true));
 }
 
 TEST_P(WriteTreeOf, WithoutFormatHasOneLineFeed) {
