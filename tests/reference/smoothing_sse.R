@@ -24,6 +24,13 @@ by.ets <- function(y, model, damped) {
     try.sse(function() ets(y, model = model, damped = damped, restrict = FALSE, opt.crit = "mse", bounds = "usual")))
   suppressWarnings(min(fits, na.rm = TRUE))
 }
+# hw with simple starting values puts its seasonal weight anywhere in [0, 1]. Beyond 1 - alpha it is
+# no weight of the component form, S' = S + (1 - a) d e with d in [0, 1], and sets no bar.
+by.simple.hw <- function(y, seasonal) suppressWarnings(tryCatch({
+  fit <- hw(y, seasonal = seasonal, initial = "simple")
+  weights <- fit$model$par
+  if (weights["gamma"] > 1 - weights["alpha"]) NA else sum((as.numeric(fit$x) - as.numeric(fitted(fit)))^2)
+}, error = function(e) NA))
 by.holtwinters <- function(y, ...) suppressWarnings(tryCatch(HoltWinters(y, ...)$SSE, error = function(e) NA))
 
 # Brown's double smoothing as ARIMA(0,2,2) with both roots tied: a line search over the root, the
@@ -86,9 +93,13 @@ for (i in seq_len(nrow(rows))) {
   for (start in c("optimal", "simple")) {
     tell(name, m, "simple", paste0("ses-", start), 1, try.sse(function() ses(flat, initial = start)))
     tell(name, m, "holt", paste0("holt-", start), 1, try.sse(function() holt(flat, initial = start)))
-    if (m > 1 && m <= 24) {
-      tell(name, m, "winters-additive", paste0("hw-", start), 1, try.sse(function() hw(y, seasonal = "additive", initial = start)))
-      if (positive) tell(name, m, "winters-multiplicative", paste0("hw-", start), 1, try.sse(function() hw(y, seasonal = "multiplicative", initial = start)))
+  }
+  if (m > 1 && m <= 24) {
+    tell(name, m, "winters-additive", "hw-optimal", 1, try.sse(function() hw(y, seasonal = "additive")))
+    tell(name, m, "winters-additive", "hw-simple", 1, by.simple.hw(y, "additive"))
+    if (positive) {
+      tell(name, m, "winters-multiplicative", "hw-optimal", 1, try.sse(function() hw(y, seasonal = "multiplicative")))
+      tell(name, m, "winters-multiplicative", "hw-simple", 1, by.simple.hw(y, "multiplicative"))
     }
   }
   tell(name, m, "damped-trend", "holt-damped", 1, try.sse(function() holt(flat, damped = TRUE)))

@@ -36,6 +36,9 @@ def best(y, m, arguments):
                 **arguments,
             )
             fit = model.fit(optimized=True, **options)
+            # Seasonal factors below 0 are no multiplicative season and set no bar.
+            if arguments["seasonal"] == "mul" and min(fit.season.min(), fit.params["initial_seasons"].min()) <= 0:
+                continue
             sums.append(float(np.sum((y - fit.fittedvalues) ** 2)))
         except Exception as error:  # a fit that statsmodels refuses is no bar
             print(error, file=sys.stderr)

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <boost/math/distributions/normal.hpp>
 #include <cmath>
 
@@ -35,13 +36,24 @@ Resumed Resume(const ESForecastState& state) {
   return resumed;
 }
 
+bool Missing(double value) { return value == MV::gMissingValue; }
+
+// Whether nothing that the recursion needs is absent: a model may have been written down by hand.
 bool CanResume(const ESForecastState& state) {
   const ESModelSpec& spec = state.GetESModelSpec();
-  const bool seasonal = spec.GetParameterIndex(ESModelSpec::kSeason) >= 0;
-  const std::size_t values = state.GetSmState().season.size();
-  return IsSmoothingKind(spec.GetKind()) &&
-         state.GetParameterEstimates().size() >= spec.GetParameterCount(true) &&
-         (!seasonal || (values > 0 && state.GetSmState().phase < values));
+  if (!IsSmoothingKind(spec.GetKind())) return false;
+  const KindTraits traits = TraitsOf(spec.GetKind());
+  const auto& estimates = state.GetParameterEstimates();
+  const auto& smoothed = state.GetSmState();
+  if (estimates.size() < static_cast<std::size_t>(traits.weight_count)) return false;
+  if (std::any_of(std::begin(estimates), std::begin(estimates) + traits.weight_count, Missing)) {
+    return false;
+  }
+  if (Missing(smoothed.level) || (traits.trend && Missing(smoothed.trend))) return false;
+  if (traits.brown && !(estimates[0] > 0)) return false;
+  if (traits.season == Season::kNone) return true;
+  return smoothed.phase < smoothed.season.size() &&
+         std::none_of(std::begin(smoothed.season), std::end(smoothed.season), Missing);
 }
 
 // Trend lines q and seasonal values for 1 .. horizon periods ahead.
@@ -121,8 +133,7 @@ Forecasts Forecast(const TSFModel& model, unsigned horizon, double confidence) {
   const Path path = PathOf(from, horizon);
   const std::vector<double> variances = RelativeVariances(from, path, horizon);
   const double variance = model.GetImp()->GetEstimationInfo().GetErrorVariance();
-  const double width =
-      boost::math::quantile(boost::math::normal(), 0.5 + confidence / 2);
+  const double width = boost::math::quantile(boost::math::normal(), 0.5 + confidence / 2);
   const int function = state->GetESModelSpec().GetYTransformSpec().GetFunctionType();
   for (std::size_t h = 0; h < horizon; ++h) {
     const double point = PointForecast(path, from.traits.season, h);

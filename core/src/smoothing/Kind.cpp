@@ -27,8 +27,8 @@ KindTraits TraitsOf(int kind) {
   traits.trend = traits.brown || traits.trend_weight >= 0;
   traits.damped = traits.damping_weight >= 0;
   if (traits.season_weight >= 0) {
-    traits.season = kind == ESModelSpec::kMultiplicativeWinters ? Season::kMultiplicative
-                                                                : Season::kAdditive;
+    traits.season =
+        kind == ESModelSpec::kMultiplicativeWinters ? Season::kMultiplicative : Season::kAdditive;
   }
   if (traits.brown) traits.least_level_weight = kLeastBrownWeight;
   return traits;

@@ -54,7 +54,7 @@ class SmoothingProblem {
     double line = 0;  // q = level + damping * trend
     double trend = 0;
     double season = 0;
-    double per_line = 0;    // 1 / q and 1 / S of a multiplicative model
+    double per_line = 0;  // 1 / q and 1 / S of a multiplicative model
     double per_season = 0;
     double error = 0;  // 0 for a missing case
   };

@@ -1,12 +1,11 @@
 #include "smoothing/Minimise.h"
 
-#include <nlopt.h>
-
 #include <algorithm>
 #include <cmath>
 #include <limits>
 #include <memory>
 #include <new>
+#include <nlopt.h>
 
 namespace tsffit {
 

@@ -1,6 +1,7 @@
 #ifndef TSFFIT_SMOOTHING_RECURSION_H_
 #define TSFFIT_SMOOTHING_RECURSION_H_
 
+#include <cmath>
 #include <cstddef>
 #include <span>
 #include <vector>
@@ -19,8 +20,9 @@ struct Components {
   std::vector<double> season;
 };
 
-// Least seasonal factor and least trend line (level + damping * trend) of a multiplicative model,
-// for a series of mean 1. Below them the ratios of the recursion lose their meaning.
+// The region of a multiplicative model, for a series of mean 1: seasonal factors stay above the
+// first bound, and the trend line (level + damping * trend), by which the recursion divides, stays
+// farther from 0 than the second. The line may run below 0, as that of an additive trend may.
 inline constexpr double kLeastSeasonFactor = 1e-6;
 inline constexpr double kLeastTrendLine = 1e-8;
 
@@ -34,10 +36,10 @@ inline constexpr double kLeastTrendLine = 1e-8;
 // American Statistical Association 92: the factor is corrected by e / q, not by the new level.
 template <bool kTrend, Season kSeason>
 struct Step {
-  // False when a multiplicative model has left the region where its ratios mean something.
+  // False when a multiplicative model has left its region.
   static bool Allows(double q, double s) {
     if constexpr (kSeason == Season::kMultiplicative) {
-      return q > kLeastTrendLine && s > kLeastSeasonFactor;
+      return std::abs(q) > kLeastTrendLine && s > kLeastSeasonFactor;
     }
     return true;
   }

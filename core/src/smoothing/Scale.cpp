@@ -33,7 +33,10 @@ Components Scale::Up(Components c, Season season) const {
 
 Scale ScaleOf(std::span<const double> series, Season season) {
   Scale scale;
-  const double mean = MeanOf(series, [](double y) { return y; });
+  const double first =
+      *std::find_if(series.begin(), series.end(), [](double y) { return y != MV::gMissingValue; });
+  // Counted from the first value, so that a constant series has no deviations at all.
+  const double mean = first + MeanOf(series, [first](double y) { return y - first; });
   if (season == Season::kMultiplicative) {
     scale.unit = mean;
     return scale;

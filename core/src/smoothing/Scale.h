@@ -20,12 +20,12 @@ struct Scale {
   Components Up(Components c, Season season) const;
 };
 
-// Missing values stay missing and count for nothing.
+// Missing values stay missing and count for nothing; one at least is not.
 Scale ScaleOf(std::span<const double> series, Season season);
 std::vector<double> Scaled(std::span<const double> series, const Scale& scale);
 
-// Moves the mean of the seasonal values (geometrically irrelevant to any forecast) into level and
-// trend: mean 0 with an additive season, 1 with a multiplicative one.
+// Moves the mean of the seasonal values into level and trend, which changes no forecast: mean 0
+// with an additive season, 1 with a multiplicative one.
 void NormaliseSeason(Components& components, Season season);
 
 }  // namespace tsffit

@@ -149,14 +149,15 @@ bool Finish(SmoothingProblem& problem, double exactSse, Candidate& candidate) {
 // A weight that the errors do not depend on is 0: the trend's where the level takes up nothing or
 // the trend is damped away at once, the season's where the level takes up everything.
 void SettleIdleWeights(const KindTraits& traits, std::vector<double>& parameters) {
-  const auto at = [&](int weight) -> double& { return parameters[static_cast<std::size_t>(weight)]; };
+  const auto at = [&](int weight) -> double& {
+    return parameters[static_cast<std::size_t>(weight)];
+  };
   const bool idleTrend = parameters[0] == 0 || (traits.damped && at(traits.damping_weight) == 0);
   if (traits.trend_weight >= 0 && idleTrend) at(traits.trend_weight) = 0;
   if (traits.season_weight >= 0 && parameters[0] == 1) at(traits.season_weight) = 0;
 }
 
-SearchResult Result(const SmoothingProblem& problem, Candidate&& best, int starts,
-                    bool converged) {
+SearchResult Result(const SmoothingProblem& problem, Candidate&& best, int starts, bool converged) {
   SettleIdleWeights(problem.Traits(), best.parameters);
   return {std::move(best.parameters), best.sse, best.evaluations, starts, converged};
 }

@@ -68,8 +68,8 @@ Replay ReplayAt(const SmoothingProblem& problem, const std::vector<double>& para
   return replay;
 }
 
-ESForecastState::SmState Exported(const KindTraits& traits, const Components& c,
-                                  double levelWeight, std::size_t cases) {
+ESForecastState::SmState Exported(const KindTraits& traits, const Components& c, double levelWeight,
+                                  std::size_t cases) {
   ESForecastState::SmState state;
   state.level = c.level;
   state.trend = c.trend;
@@ -118,8 +118,8 @@ class Fitter {
     std::vector<double> stdErrors(weights, MV::gMissingValue);
     if (!exact) stdErrors = WeightStdErrors(problem, found.parameters);
     auto state = std::make_unique<ESForecastState>(ESForecastState::Fields{
-        .spec = ESModelSpec(ESModelSpec::ForKind(options_.kind, options_.season_length,
-                                                 options_.function_type)),
+        .spec = ESModelSpec(
+            ESModelSpec::ForKind(options_.kind, options_.season_length, options_.function_type)),
         .estimates = std::valarray<double>(found.parameters.data(), weights),
         .std_errors = std::valarray<double>(stdErrors.data(), stdErrors.size()),
         .smoothed = Exported(traits_, replay.final, found.parameters[0], observed_.size())});

@@ -105,7 +105,8 @@ std::vector<double> WeightStdErrors(SmoothingProblem& problem,
   if (hessian.size() == 0) return errors;
 
   const MatrixXd curvature = Concentrated(hessian, weights);
-  const std::vector<Index> bending = Bending(curvature, hessian.diagonal().head(weights).maxCoeff());
+  const std::vector<Index> bending =
+      Bending(curvature, hessian.diagonal().head(weights).maxCoeff());
   if (bending.empty()) return errors;
   const Eigen::LDLT<MatrixXd> factor(MatrixXd(curvature(bending, bending)));
   if (!factor.isPositive() || !(factor.vectorD().minCoeff() > 0)) return errors;

@@ -23,13 +23,19 @@ double CountSeen(std::span<const double> values) {
   return static_cast<double>(std::count_if(values.begin(), values.end(), Seen));
 }
 
-// Sum of squared deviations from the mean.
+// Sum of squared deviations from the mean; exactly 0 for a constant, since it counts from the first
+// value.
 double SumAboutMean(std::span<const double> values) {
+  const auto first = std::find_if(values.begin(), values.end(), Seen);
+  if (first == values.end()) return 0;
   const double count = CountSeen(values);
   double mean = 0;
-  for (const double value : values) mean += Seen(value) ? value / count : 0;
+  for (const double value : values) mean += Seen(value) ? (value - *first) / count : 0;
   double sum = 0;
-  for (const double value : values) sum += Seen(value) ? (value - mean) * (value - mean) : 0;
+  for (const double value : values) {
+    const double deviation = Seen(value) ? value - *first - mean : 0;
+    sum += deviation * deviation;
+  }
   return sum;
 }
 

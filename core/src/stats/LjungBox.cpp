@@ -1,5 +1,6 @@
 #include "stats/LjungBox.h"
 
+#include <algorithm>
 #include <boost/math/distributions/chi_squared.hpp>
 #include <cmath>
 #include <vector>
@@ -10,22 +11,23 @@ namespace {
 
 bool Seen(double e) { return e != MV::gMissingValue; }
 
-// Deviations from the mean in units of their root mean square, 0 where missing. Empty when they
-// are all 0.
+// Deviations from the mean, of length 1 together, 0 where missing. Empty when they are all 0:
+// counted from the first error, so that equal errors leave exactly nothing.
 std::vector<double> Standardised(std::span<const double> errors, double n) {
+  const double first = *std::find_if(errors.begin(), errors.end(), Seen);
   double mean = 0;
-  for (const double e : errors) mean += Seen(e) ? e / n : 0;
+  for (const double e : errors) mean += Seen(e) ? (e - first) / n : 0;
+  std::vector<double> deviations;
   double largest = 0;
-  for (const double e : errors) largest = std::max(largest, Seen(e) ? std::abs(e - mean) : 0);
+  for (const double e : errors) {
+    deviations.push_back(Seen(e) ? e - first - mean : 0);
+    largest = std::max(largest, std::abs(deviations.back()));
+  }
   if (!(largest > 0) || !std::isfinite(largest)) return {};
 
-  std::vector<double> deviations;
   double squares = 0;
-  for (const double e : errors) {
-    deviations.push_back(Seen(e) ? (e - mean) / largest : 0);
-    squares += deviations.back() * deviations.back();
-  }
-  for (double& deviation : deviations) deviation /= std::sqrt(squares);
+  for (const double x : deviations) squares += x / largest * (x / largest);
+  for (double& x : deviations) x = x / largest / std::sqrt(squares);
   return deviations;
 }
 
