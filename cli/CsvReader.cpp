@@ -213,7 +213,7 @@ CsvTable ReadCsvFile(const std::string& path) {
 
 std::string CsvField(std::string_view text) {
   const bool plain = text.find_first_of("\",;\n\r") == std::string_view::npos &&
-                     Trimmed(text).size() == text.size();
+                     Trimmed(text).size() == text.size() && !text.starts_with(kByteOrderMark);
   if (plain) return std::string(text);
 
   std::string field = "\"";

@@ -129,6 +129,7 @@ TEST(CsvWriting, CellsGetQuotesWhereTheyNeedThem) {
   EXPECT_EQ(CsvField("a;b"), "\"a;b\"");
   EXPECT_EQ(CsvField("say \"x\""), "\"say \"\"x\"\"\"");
   EXPECT_EQ(CsvField(" x"), "\" x\"");
+  EXPECT_EQ(CsvField("\xEF\xBB\xBFx"), "\"\xEF\xBB\xBFx\"");  // or it would pass for a mark
   EXPECT_EQ(CsvField(""), "");
 }
 TEST(CsvWriting, EmptyRowOfOneCellIsStillARow) {
