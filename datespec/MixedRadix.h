@@ -34,38 +34,24 @@ constexpr StepCount BeyondRange(bool negative) {
   return {negative ? Limits::min() : Limits::max(), false};
 }
 
-// Carries and borrows until high and low have one sign and |low| < radix: a year less a month is
-// eleven months. Then a product that overflows means a sum that does. False when `high` overflows.
-constexpr bool Align(std::int64_t& high, std::int64_t& low, std::int64_t radix) {
-  if (__builtin_add_overflow(high, low / radix, &high)) return false;
-  low %= radix;
-  if (high > 0 && low < 0) {
-    --high;
-    low += radix;
-  } else if (high < 0 && low > 0) {
-    ++high;
-    low -= radix;
-  }
-  return true;
-}
+// Wide enough for the number of any position in any calendar that is worth telling exactly.
+__extension__ using WideNumber = __int128;
 
 // (((d0 * r1) + d1) * r2 + d2 ...) / increment, rounded toward zero. The coarsest digit comes first
-// and `digits` is not empty; `increment` is at least 1 and divides the last radix. It is divided
-// out before the last multiplication, so that a quotient that fits is never lost on the way.
+// and `digits` is not empty; `increment` is at least 1 and divides the last radix.
 constexpr StepCount StepsFromDigits(std::span<const Digit> digits, std::int64_t increment) {
-  std::int64_t number = digits.front().value;
-  if (digits.size() == 1) return {number / increment, true};
+  using Limits = std::numeric_limits<std::int64_t>;
+  // From here on no later digit and no increment brings a number back into range, while one more
+  // digit still fits: 2^80 * 2^32 + 2^32 < 2^127.
+  constexpr WideNumber kFar = WideNumber{1} << 80;
+  WideNumber number = digits.front().value;
   for (std::size_t i = 1; i < digits.size(); ++i) {
-    const std::int64_t step = i + 1 == digits.size() ? increment : 1;
-    const std::int64_t radix = digits[i].radix;
-    const bool negative = number < 0;
-    std::int64_t low = digits[i].value;
-    if (!Align(number, low, radix) || __builtin_mul_overflow(number, radix / step, &number) ||
-        __builtin_add_overflow(number, low / step, &number)) {
-      return BeyondRange(negative);
-    }
+    number = number * digits[i].radix + digits[i].value;
+    if (number > kFar || number < -kFar) return BeyondRange(number < 0);
   }
-  return {number, true};
+  number /= increment;
+  if (number > Limits::max() || number < Limits::min()) return BeyondRange(number < 0);
+  return {static_cast<std::int64_t>(number), true};
 }
 
 }  // namespace tsx

@@ -77,6 +77,8 @@ MCStatus TSXDateSpecImp::AddGap(long offset) {
 
 MCStatus TSXDateSpecImp::AddGap(const TSXIndexTuple& tuple) {
   if (!tuple.IsValidFor(*this)) return MCStatus(tsx::kInvalidTuple);
+  const tsx::StepCount steps = calendar_.StepsFromFirstCase({tuple.indexes_, tuple.count_});
+  if (!steps.exact) return MCStatus(tsx::kInvalidTuple);
   return AddGap(tuple.VirtualCaseOffset());
 }
 

@@ -127,14 +127,16 @@ class TSX_EXPORT TSXDateSpec {
   // Makes `tuple` the first case: FirstCaseIndex() and IndexTuple(0) return it, and its virtual
   // offset is 0. Where it lies w >= 1 steps after the first case so far, gaps up to and including w
   // are dropped and the others lowered by w, so that they stay where they were; where it does not,
-  // gaps keep their offsets. 40208: the tuple is not valid here, or its number is beyond LONG_MAX.
+  // gaps keep their offsets. (A tuple of no specification has its index as its offset, so that w
+  // is then counted from 0 and not from the first case.) 40208: the tuple is not valid here, or its number is beyond LONG_MAX.
   MCTime::MCStatus SetFirstCaseIndex(const TSXIndexTuple& tuple);
   TSXIndexTuple FirstCaseIndex() const;
 
   // Adds a gap at a virtual offset; one that is there already stays one gap, with success. 40209:
   // offset below 1 (the first case always exists). 40205: the base is SimpleSequence.
   MCTime::MCStatus AddGap(long offset);
-  // The same at the tuple's virtual offset. 40208, before the others: tuple not valid here.
+  // The same at the tuple's virtual offset. 40208, before the others: the tuple is not valid here,
+  // or its offset is beyond the range of long.
   MCTime::MCStatus AddGap(const TSXIndexTuple& tuple);
   void ClearGaps();
   unsigned long GapCount() const;

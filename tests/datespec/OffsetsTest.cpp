@@ -158,6 +158,15 @@ TEST(StepsFromDigits, FitsWhereOnlyTheProductDoesNot) {
   static_assert(tsx::StepsFromDigits(kDown, 1).exact);
 }
 
+// ((0 * 4 + 2147483650) * 4294967294 - 4294967292) * 44 - 3838964656 is beyond the range, a 44th of
+// it is not.
+TEST(StepsFromDigits, IsExactWhenOnlyTheIncrementBringsItIntoRange) {
+  constexpr tsx::Digit kDigits[] = {
+      {0, 0}, {2147483650, 4}, {-4294967292, 4294967294}, {-3838964656, 44}};
+  static_assert(tsx::StepsFromDigits(kDigits, 44).count == 9223372036767526611);
+  static_assert(tsx::StepsFromDigits(kDigits, 44).exact);
+}
+
 TEST(StepsFromDigits, ReachesBothEndsExactly) {
   // 2^63 = 2147483648 * 4294967295 + 2147483648.
   constexpr tsx::Digit kMostDigits[] = {{2147483648, 0}, {2147483647, 4294967295}};
@@ -330,6 +339,14 @@ TEST(FirstCase, MayBeSetOnASimpleSequence) {
   TSXDateSpec spec = Make(SimpleSequence);
   StartAt(spec, {5});
   EXPECT_EQ(spec.IndexTuple(2).GetIndexes(), Indexes{7});
+}
+
+TEST(Gaps, AtATupleBeyondLongAre40208) {
+  TSXDateSpec spec(TSXDateSpec::Week);
+  ASSERT_EQ(spec.AddPeriod(TSXDateSpec::Day, kMostUnsigned, 0, 0).GetCode(), 0U);
+  ASSERT_EQ(spec.AddPeriod(TSXDateSpec::Hour, kMostUnsigned, 0, 0).GetCode(), 0U);
+  EXPECT_EQ(spec.AddGap(At(spec, {kMostUnsigned, 0, 0})).GetCode(), 40208U);
+  EXPECT_EQ(spec.GapCount(), 0U);
 }
 
 TEST(FirstCase, WithANumberBeyondLongIs40208) {
