@@ -63,10 +63,10 @@ void Output::FlushPieces() {
 void Output::Grow(std::size_t size) {
   const auto gathered = static_cast<std::size_t>(next_ - begin_);
   const std::size_t capacity = std::max(size, 2 * static_cast<std::size_t>(end_ - begin_));
-  std::unique_ptr<char[]> grown(new char[capacity]);
-  std::memcpy(grown.get(), begin_, gathered);
-  large_ = std::move(grown);
-  piece_ = begin_ = large_.get();
+  std::vector<char> grown(capacity);
+  std::memcpy(grown.data(), begin_, gathered);
+  large_.swap(grown);
+  piece_ = begin_ = large_.data();
   next_ = begin_ + gathered;
   end_ = begin_ + capacity;
 }

@@ -3,10 +3,10 @@
 
 #include <cstddef>
 #include <cstring>
-#include <memory>
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include <tsxport/ExportFormat.h>
 #include <tsxport/XMLInterface.h>
@@ -69,7 +69,7 @@ class Output {
   std::string* string_ = nullptr;
   std::ostream* stream_ = nullptr;
   Utf8Converter* converter_ = nullptr;
-  std::unique_ptr<char[]> large_;  // in place of block_, for pieces longer than that
+  std::vector<char> large_;  // in place of block_, for pieces longer than that
   char block_[kBlock];
   char* begin_ = block_;
   char* piece_ = block_;  // where the unfinished piece begins; stays behind without a converter
