@@ -181,37 +181,45 @@ void Run(benchmark::State& state, const Competitor& competitor,
   state.SetItemsProcessed(static_cast<std::int64_t>(models.size()) * state.iterations());
 }
 
-// Prints the usual table and keeps the times.
+// Prints the usual table and keeps the medians.
 class RatioReporter : public benchmark::ConsoleReporter {
  public:
   void ReportRuns(const std::vector<Run>& runs) override {
     ConsoleReporter::ReportRuns(runs);
     for (const Run& run : runs) {
-      if (run.run_type == Run::RT_Iteration && !run.error_occurred) {
-        times_[run.run_name.function_name].push_back(run.GetAdjustedCPUTime());
+      if (run.aggregate_name == "median") {
+        medians_[run.run_name.function_name] = run.GetAdjustedCPUTime();
       }
     }
   }
 
   void PrintRatio(const char* ours, const char* other) {
-    if (times_[ours].empty() || times_[other].empty()) return;
-    const double ratio = Median(times_[ours]) / Median(times_[other]);
-    std::printf("%-20s takes %6.3f of the time of %s\n", ours, ratio, other);
+    if (medians_.count(ours) == 0 || medians_.count(other) == 0) return;
+    std::printf("%-18s takes %6.3f of the time of %s\n", ours, medians_[ours] / medians_[other],
+                other);
   }
 
  private:
-  static double Median(std::vector<double> times) {
-    const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
-    std::nth_element(times.begin(), middle, times.end());
-    return *middle;
-  }
-
-  std::map<std::string, std::vector<double>> times_;
+  std::map<std::string, double> medians_;
 };
 
+// Repetitions in turns, so that all competitors share what the machine does meanwhile. The command
+// line comes later and may say otherwise.
+std::vector<char*> WithDefaults(int argc, char** argv) {
+  static char turns[] = "--benchmark_enable_random_interleaving=true";
+  static char aggregates[] = "--benchmark_display_aggregates_only=true";
+  static char repetitions[] = "--benchmark_repetitions=9";
+  static char time[] = "--benchmark_min_time=0.1";
+  std::vector<char*> arguments = {argv[0], turns, aggregates, repetitions, time};
+  arguments.insert(arguments.end(), argv + 1, argv + argc);
+  return arguments;
+}
+
 int Main(int argc, char** argv) {
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return EXIT_FAILURE;
+  std::vector<char*> arguments = WithDefaults(argc, argv);
+  argc = static_cast<int>(arguments.size());
+  benchmark::Initialize(&argc, arguments.data());
+  if (benchmark::ReportUnrecognizedArguments(argc, arguments.data())) return EXIT_FAILURE;
   pugi::set_memory_management_functions(&PageKeeper::Allocate, &PageKeeper::Free);
   // The others' memory stays with the process too.
   mallopt(M_TRIM_THRESHOLD, 1 << 30);
@@ -220,9 +228,8 @@ int Main(int argc, char** argv) {
   Sink sink;
   if (!Agree(models)) return EXIT_FAILURE;
   for (const Competitor& competitor : kCompetitors) {
-    benchmark::RegisterBenchmark(competitor.name, [&](benchmark::State& state) {
-      bench::Run(state, competitor, models, sink);
-    })->Unit(benchmark::kMillisecond);
+    const auto run = [&](benchmark::State& state) { Run(state, competitor, models, sink); };
+    benchmark::RegisterBenchmark(competitor.name, run)->Unit(benchmark::kMillisecond);
   }
   RatioReporter reporter;
   benchmark::RunSpecifiedBenchmarks(&reporter);
