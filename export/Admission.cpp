@@ -1,12 +1,11 @@
 // How a model gets into a tree: its references are checked, its element is built and kept.
 
-#include <algorithm>
-#include <optional>
-
 #include <tsfcore/ESForecastState.h>
 #include <tsxport/ModelXMLTreeMaker.h>
 
+#include "datespec/RefsCheck.h"
 #include "export/TSXMLTreeImp.h"
+#include "tsxml/CrostonModel.h"
 
 namespace {
 
@@ -18,16 +17,8 @@ const ForecastState* StateOf(const TSFModel& model) {
 
 bool TSXMLTreeImp::CheckDictRefs(const TSFModel* model, const TSXDictionaryRefs& refs,
                                  unsigned& index) const {
-  index = 0;
-  if (refs.GetModelName().empty() || refs.GetDependentVarID().empty()) return false;
-  if (refs.GetDateSpecID() != 0) {
-    const std::optional<unsigned> position = dictionary_.Find(refs.GetDateSpecID());
-    if (!position) return false;
-    index = *position;
-  }
-  const std::vector<std::string>& ids = refs.GetPredictorIDs();
-  if (ids.size() != (model != nullptr ? model->GetPredictorCount() : 0)) return false;
-  return std::none_of(ids.begin(), ids.end(), [](const std::string& id) { return id.empty(); });
+  const unsigned predictorCount = model != nullptr ? model->GetPredictorCount() : 0;
+  return tsx::CheckRefs(refs, predictorCount, dictionary_.entries(), index);
 }
 
 bool TSXMLTreeImp::AddModelTree(TSFModel model, const TSXDictionaryRefs& refs) {
@@ -35,13 +26,29 @@ bool TSXMLTreeImp::AddModelTree(TSFModel model, const TSXDictionaryRefs& refs) {
   // then refused.
   const bool smoothing = dynamic_cast<const ESForecastState*>(StateOf(model)) != nullptr;
   if (!smoothing) pmml_output_ = false;
-  if (pmml_output_) return false;  // there is no PMML writer yet
-  return AddXMLModelTree(model, refs);
+  if (!pmml_output_) return AddXMLModelTree(model, refs);
+  const std::valarray<double> history = model.GetImp()->GetHistoryData();
+  return AddPMMLModelTree(model, refs, &history);
+}
+
+bool TSXMLTreeImp::AddPMMLModelTree(TSFModel& model, const TSXDictionaryRefs& refs,
+                                    const std::valarray<double>* history) {
+  const std::valarray<double> none;
+  pmml_.SetDictionary(dictionary_.entries());
+  return pmml_.AddModelTree(model, refs, history != nullptr ? *history : none);
 }
 
 // NOLINTNEXTLINE(performance-unnecessary-value-param): models are handed over by value
-bool TSXMLTreeImp::AddModelTree(TSFCrModel /*model*/, const TSXDictionaryRefs& /*refs*/) {
-  return false;  // there is no Croston encoder yet
+bool TSXMLTreeImp::AddModelTree(TSFCrModel model, const TSXDictionaryRefs& refs) {
+  unsigned index = 0;
+  if (model.IsEmpty() || !CheckDictRefs(nullptr, refs, index)) return false;
+  // Always time-series XML, whatever the flag: PMML has no place for such a model.
+  const TSFCrModelImp& imp = *model.GetImp();
+  KeepModel(tsx::MakeCrostonModel(imp.GetForecastState(0), imp.GetForecastState(1),
+                                  imp.GetForecastState(2), refs, imp.GetFunctionType(),
+                                  imp.GetEstimationInfo()),
+            refs, index);
+  return true;
 }
 
 bool TSXMLTreeImp::AddXMLModelTree(TSFModel& model, const TSXDictionaryRefs& refs) {

@@ -16,12 +16,4 @@ int DateSpecDictionary::Register(const TSXDateSpec& spec, std::string descriptor
   return static_cast<int>(highest + 1);
 }
 
-std::optional<unsigned> DateSpecDictionary::Find(int id) const {
-  const auto entry = std::find_if(entries_.begin(), entries_.end(), [id](const DicDateSpec& e) {
-    return static_cast<int>(e.id) == id;
-  });
-  if (entry == entries_.end()) return std::nullopt;
-  return static_cast<unsigned>(entry - entries_.begin());
-}
-
 }  // namespace tsx

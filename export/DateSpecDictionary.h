@@ -2,7 +2,6 @@
 #define TSXPORT_EXPORT_DATESPECDICTIONARY_H_
 
 #include <deque>
-#include <optional>
 #include <string>
 
 #include "datespec/DicDateSpec.h"
@@ -15,9 +14,6 @@ class DateSpecDictionary {
   // The ID of the first equivalent entry, whose descriptor is kept; else that of a new entry with a
   // copy of `spec`, the highest ID so far plus one.
   int Register(const TSXDateSpec& spec, std::string descriptor);
-
-  // Position of the first entry with `id`, counted from the front; none when there is none.
-  std::optional<unsigned> Find(int id) const;
 
   // Marks the entry as one that a model of the document refers to.
   void MarkReferenced(unsigned position) { entries_[position].referenced = true; }

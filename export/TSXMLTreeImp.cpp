@@ -6,8 +6,9 @@
 #include <tsxport/WriteTree.h>
 #include <tsxport/XMLUtil.h>
 
+#include "datespec/DateSpecificationElement.h"
 #include "export/Frame.h"
-#include "tsxml/Tags.h"
+#include "pmml/Tags.h"
 #include "xml/BorrowedElement.h"
 
 using TIMESERIESXML::ExportFormat;
@@ -23,15 +24,14 @@ void TSXMLTreeImp::SetApplication(std::string name, std::string version) {
 }
 
 int TSXMLTreeImp::AddDateSpec(const TSXDateSpec& spec, std::string descriptor) {
-  tsx::TimeField field = tsx::TimeFieldOf(spec, pmml_time_field_);
+  tsx::TimeField field = tsx::TimeFieldOf(spec, pmml_.GetTimeField());
   const int id = dictionary_.Register(spec, std::move(descriptor));
-  pmml_time_field_ = std::move(field);
+  pmml_.SetTimeField(std::move(field));
   return id;
 }
 
 bool TSXMLTreeImp::WriteToStream(std::ostream& out, bool frame) {
-  if (pmml_output_) return false;  // there is no PMML writer yet
-  return WriteXMLToStream(out, frame);
+  return pmml_output_ ? WritePMMLToStream(out, frame) : WriteXMLToStream(out, frame);
 }
 
 bool TSXMLTreeImp::WriteXMLToStream(std::ostream& out, bool frame) {
@@ -44,6 +44,20 @@ bool TSXMLTreeImp::WriteXMLToStream(std::ostream& out, bool frame) {
   WriteDocument(out);
   models_.clear();
   dictionary_.Clear();
+  return true;
+}
+
+bool TSXMLTreeImp::WritePMMLToStream(std::ostream& out, bool withDeclaration) {
+  pmml_.SetApplication(application_.name(), application_.version());
+  tsx::ElementPtr extension;
+  if (!dictionary_.entries().empty()) {
+    extension = tsx::MakeElement(tsx::pmml::tag::kExtension);
+    for (const tsx::DicDateSpec& entry : dictionary_.entries()) {
+      tsx::Append(*extension,
+                  tsx::MakeDateSpecification(entry.date_spec, entry.descriptor, entry.id));
+    }
+  }
+  pmml_.Write(out, withDeclaration, extension.get());
   return true;
 }
 

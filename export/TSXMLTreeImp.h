@@ -3,6 +3,7 @@
 
 #include <ostream>
 #include <string>
+#include <valarray>
 #include <vector>
 
 #include <tsfcore/TSFCrModel.h>
@@ -13,7 +14,7 @@
 
 #include "export/Application.h"
 #include "export/DateSpecDictionary.h"
-#include "export/TimeField.h"
+#include "pmml/TSXPMMLDocument.h"
 #include "xml/ElementPtr.h"
 
 // What the TSXMLTree handles share. A call that throws leaves it as it was.
@@ -28,7 +29,7 @@ class TSXMLTreeImp : public TSRCObject {
   void SetPMMLOutputFlag(bool pmml) { pmml_output_ = pmml; }
   bool GetPMMLOutputFlag() const { return pmml_output_; }
   unsigned GetModelCount() const { return static_cast<unsigned>(models_.size()); }
-  const tsx::TimeField& GetPMMLTimeField() const { return pmml_time_field_; }
+  const tsx::pmml::TSXPMMLDocument& GetPMMLDocument() const { return pmml_; }
 
   int AddDateSpec(const TSXDateSpec& spec, std::string descriptor);
 
@@ -39,12 +40,17 @@ class TSXMLTreeImp : public TSRCObject {
   bool AddModelTree(TSFModel model, const TSXDictionaryRefs& refs);
   bool AddModelTree(TSFCrModel model, const TSXDictionaryRefs& refs);
   bool AddXMLModelTree(TSFModel& model, const TSXDictionaryRefs& refs);
+  // Always true: PMML takes the model whatever its references are worth. `history` null: none.
+  bool AddPMMLModelTree(TSFModel& model, const TSXDictionaryRefs& refs,
+                        const std::valarray<double>* history);
 
-  // `frame` false writes the bare model elements, one after the other, and keeps the dictionary.
+  // `frame` false: time-series XML without a frame, that is the bare model elements one after the
+  // other, the dictionary being kept; PMML without its declaration.
   bool WriteToStream(std::ostream& out, bool frame);
 
  private:
   bool WriteXMLToStream(std::ostream& out, bool frame);
+  bool WritePMMLToStream(std::ostream& out, bool withDeclaration);
   void WriteModels(std::ostream& out) const;
   void WriteDocument(std::ostream& out) const;
   // Keeps a finished element and marks the date specification that it refers to.
@@ -54,7 +60,7 @@ class TSXMLTreeImp : public TSRCObject {
   tsx::DateSpecDictionary dictionary_;
   tsx::Application application_;
   bool pmml_output_ = false;
-  tsx::TimeField pmml_time_field_;
+  tsx::pmml::TSXPMMLDocument pmml_;
 };
 
 #endif  // TSXPORT_EXPORT_TSXMLTREEIMP_H_

@@ -33,6 +33,11 @@ inline constexpr char kStateLevel[] = "StateLevel";
 inline constexpr char kStateTrend[] = "StateTrend";
 inline constexpr char kStateSeason[] = "StateSeason";
 
+inline constexpr char kCrostonModel[] = "CrostonModel";
+inline constexpr char kActualDemandSubmodel[] = "ActualDemandSubmodel";
+inline constexpr char kElapsedTimeSubmodel[] = "ElapsedTimeSubmodel";
+inline constexpr char kAbsoluteErrorSubmodel[] = "AbsoluteErrorSubmodel";
+
 inline constexpr char kEstimationInfo[] = "EstimationInfo";
 inline constexpr char kStatistic[] = "Statistic";
 inline constexpr char kLjungBoxStatistic[] = "LjungBoxStatistic";

@@ -61,17 +61,24 @@ class TSX_EXPORT TSXMLTree {
   // kind is unknown, a weight's estimate is missing, or its final state lacks the level, the trend
   // or a seasonal value. (A vector of estimates too short for the model is no obstacle: the weights
   // are then left out of the document.)
+  //
+  // While PMML is on, a smoothing model is taken whatever its references are worth, and what its
+  // state lacks is left out.
   bool AddModelTree(TSFModel model, const TSXDictionaryRefs& refs);
 
-  // The same for a Croston model, which has no predictors. It always becomes time-series XML.
+  // The same for a Croston model, which has no predictors. It always becomes time-series XML: while
+  // PMML is on, too, and is then absent from the PMML document. What a submodel lacks is left out.
   bool AddModelTree(TSFCrModel model, const TSXDictionaryRefs& refs);
 
-  // Models that the next write of time-series XML will hold.
+  // Models that the next write of time-series XML will hold. Those taken as PMML are not counted.
   unsigned GetModelCount() const;
 
-  // Writes the document to `out`, in the process's own code set. False, with nothing written, when
-  // there is no model. Errors of the stream are not told here: look at its state afterwards. A
-  // write of time-series XML empties the tree; its application and its choice of dialect stay.
+  // Writes the document to `out`, in the process's own code set. Errors of the stream are not told
+  // here: look at its state afterwards.
+  //
+  // Time-series XML: false, with nothing written, when there is no model. A write empties the tree;
+  // its application and its choice of dialect stay. PMML: always true; the tree keeps its models,
+  // so that a second write gives the same document.
   bool WriteToStream(std::ostream& out);
 
  private:

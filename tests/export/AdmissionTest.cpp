@@ -127,28 +127,52 @@ TEST(Admission, ArimaModelIsRefusedUntilItHasAnEncoder) {
   EXPECT_EQ(tree.GetModelCount(), 0U);
 }
 
-TEST(Admission, CrostonModelIsRefusedUntilItHasAnEncoder) {
+TSFCrModel CrostonModel() { return TSFCrModel(new TSFCrModelImp({})); }
+
+TEST(Admission, CrostonModelIsTaken) {
   TSXMLTree tree;
-  const TSFCrModel croston(new TSFCrModelImp({}));
-  EXPECT_FALSE(tree.AddModelTree(croston, Refs()));
+  EXPECT_TRUE(tree.AddModelTree(CrostonModel(), Refs()));
+  EXPECT_EQ(tree.GetModelCount(), 1U);
+}
+
+TEST(Admission, CrostonModelWithAnyPredictorIDIsRefused) {
+  TSXMLTree tree;
+  EXPECT_FALSE(tree.AddModelTree(CrostonModel(), {"m", "", "y", {"x1"}}));
   EXPECT_EQ(tree.GetModelCount(), 0U);
 }
 
-TEST(Admission, SmoothingModelUnderPMMLIsRefusedUntilThereIsAWriter) {
+TEST(Admission, EmptyCrostonModelIsRefused) {
+  TSXMLTree tree;
+  EXPECT_FALSE(tree.AddModelTree(TSFCrModel(), Refs()));
+}
+
+TEST(Admission, CrostonModelMarksItsDateSpecification) {
+  TSXMLTree tree;
+  TSXDictionaryRefs refs = Refs();
+  refs.SetDateSpecID(tree.AddDateSpec(test::Yearly(), ""));
+  ASSERT_TRUE(tree.AddModelTree(CrostonModel(), refs));
+  std::ostringstream out;
+  ASSERT_TRUE(tree.WriteToStream(out));
+  EXPECT_NE(out.str().find("<Year"), std::string::npos);
+  EXPECT_NE(out.str().find("<CrostonModel"), std::string::npos);
+}
+
+TEST(Admission, SmoothingModelUnderPMMLIsTakenAndNotCounted) {
   TSXMLTreeImp imp;
   imp.SetPMMLOutputFlag(true);
-  EXPECT_FALSE(imp.AddModelTree(SimpleModel(), Refs()));
+  EXPECT_TRUE(imp.AddModelTree(SimpleModel(), Refs()));
   EXPECT_TRUE(imp.GetPMMLOutputFlag());
   EXPECT_EQ(imp.GetModelCount(), 0U);
 }
 
-TEST(Admission, PMMLWriteWritesNothingUntilThereIsAWriter) {
+TEST(Admission, PMMLWriteLeavesTheModelsOfTheOtherDialectAlone) {
   TSXMLTree tree;
   ASSERT_TRUE(tree.AddModelTree(SimpleModel(), Refs()));
   tree.SetPMMLOutput(true);
   std::ostringstream out;
-  EXPECT_FALSE(tree.WriteToStream(out));
-  EXPECT_EQ(out.str(), "");
+  EXPECT_TRUE(tree.WriteToStream(out));
+  EXPECT_NE(out.str().find("<PMML"), std::string::npos);
+  EXPECT_EQ(out.str().find("TimeSeriesModel"), std::string::npos);
   EXPECT_EQ(tree.GetModelCount(), 1U);
 }
 

@@ -53,14 +53,15 @@ class TimeFieldOfTree : public testing::Test {
  protected:
   std::string After(const TSXDateSpec& spec) {
     imp_.AddDateSpec(spec, "");
-    return imp_.GetPMMLTimeField().name + "/" + imp_.GetPMMLTimeField().kind;
+    return imp_.GetPMMLDocument().GetTimeField().name + "/" +
+           imp_.GetPMMLDocument().GetTimeField().kind;
   }
   TSXMLTreeImp imp_;
 };
 
 TEST_F(TimeFieldOfTree, IsEmptyUntilASpecificationIsRegistered) {
-  EXPECT_EQ(imp_.GetPMMLTimeField().name, "");
-  EXPECT_EQ(imp_.GetPMMLTimeField().kind, "");
+  EXPECT_EQ(imp_.GetPMMLDocument().GetTimeField().name, "");
+  EXPECT_EQ(imp_.GetPMMLDocument().GetTimeField().kind, "");
 }
 
 TEST_F(TimeFieldOfTree, IsTheLastPeriodWithItsKind) {
@@ -105,7 +106,7 @@ TEST(DateSpecDictionary, RegistrationIsWholeOrNotAtAllWhenMemoryRunsOut) {
       imp.AddDateSpec(monthly, "a descriptor that does not fit a small buffer");
     } catch (const std::bad_alloc&) {
       const test::AllocationsSucceed look;
-      EXPECT_EQ(imp.GetPMMLTimeField().name, "");
+      EXPECT_EQ(imp.GetPMMLDocument().GetTimeField().name, "");
       EXPECT_EQ(imp.AddDateSpec(monthly, ""), 1);
       throw;
     }

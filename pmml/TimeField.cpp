@@ -1,4 +1,4 @@
-#include "export/TimeField.h"
+#include "pmml/TimeField.h"
 
 #include "datespec/PeriodNames.h"
 

@@ -1,5 +1,5 @@
-#ifndef TSXPORT_EXPORT_TIMEFIELD_H_
-#define TSXPORT_EXPORT_TIMEFIELD_H_
+#ifndef TSXPORT_PMML_TIMEFIELD_H_
+#define TSXPORT_PMML_TIMEFIELD_H_
 
 #include <string>
 
@@ -19,4 +19,4 @@ TimeField TimeFieldOf(const TSXDateSpec& spec, const TimeField& before);
 
 }  // namespace tsx
 
-#endif  // TSXPORT_EXPORT_TIMEFIELD_H_
+#endif  // TSXPORT_PMML_TIMEFIELD_H_
