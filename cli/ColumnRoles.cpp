@@ -123,7 +123,9 @@ class Chooser {
   void FindVariables() {
     for (std::size_t i = 0; i < table_.header.size(); ++i) {
       if (roles_.time == i || roles_.id == i || !IsColumnOfNumbers(table_, i)) continue;
-      if (table_.header[i].text.empty()) {
+      const bool nameless = table_.header[i].text.empty();
+      if (nameless && IsRunningNumber(table_, i, std::nullopt)) continue;
+      if (nameless) {
         throw InputError(table_.file, table_.header[i].place,
                          "column " + std::to_string(i + 1) + " holds numbers but has no name");
       }

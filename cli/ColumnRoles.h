@@ -32,6 +32,7 @@ struct ColumnRoles {
 //     and there is a column of numbers beside it; else there is none;
 //   - the variables are all columns of numbers but the time: those in which at least every second
 //     cell that is not missing is a number. The words among them are errors that reading tells.
+//     A column of rising whole numbers without a name holds row numbers and is passed over.
 // Throws InputError when no column of numbers is left, or one of them has no name.
 ColumnRoles ChooseColumns(const CsvTable& table, const ColumnRequest& request);
 

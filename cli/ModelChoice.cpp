@@ -109,9 +109,15 @@ std::string ReasonForChoice(const FittedSeries& fitted) {
   std::stable_sort(ranked.begin(), ranked.end(),
                    [](const Candidate* a, const Candidate* b) { return a->bic < b->bic; });
   if (ranked.size() == 1) return "the only kind that goes with the series";
-
+  const auto perfect = std::count_if(ranked.begin(), ranked.end(), [](const Candidate* candidate) {
+    return candidate->bic == -std::numeric_limits<double>::infinity();
+  });
+  if (perfect == 1) return "the only kind to fit without error";
+  if (perfect > 1) {
+    return "fits without error, the simplest of " + std::to_string(perfect) + " kinds to do so";
+  }
   const auto bicText = [](double bic) {
-    return std::isfinite(bic) ? FixedText(bic, 3) : std::string(bic < 0 ? "perfect" : "undefined");
+    return std::isfinite(bic) ? FixedText(bic, 3) : std::string("an undefined one");
   };
   return "lowest normalised BIC of " + std::to_string(ranked.size()) + " kinds, " +
          bicText(ranked[0]->bic) + "; next " + ranked[1]->kind->option + " with " +

@@ -150,6 +150,13 @@ void CheckTogether(const FitOptions& options) {
   }
 }
 
+void CheckCommand(const std::vector<std::string>& arguments) {
+  if (arguments.empty()) throw UsageError("give a command; see tsxport --help");
+  const std::string& first = arguments.front();
+  if (first.starts_with('-') || first == "fit") return;
+  throw UsageError("there is no command " + Quoted(first) + "; see tsxport --help");
+}
+
 FitOptions Checked(FitOptions options, const RawOptions& raw) {
   options.model = CheckedModel(raw);
   options.jobs = raw.jobs.empty() ? std::clamp(std::thread::hardware_concurrency(), 1U, kMostJobs)
@@ -166,6 +173,7 @@ FitOptions Checked(FitOptions options, const RawOptions& raw) {
 }  // namespace
 
 Invocation ParseCommandLine(const std::vector<std::string>& arguments) {
+  CheckCommand(arguments);
   CLI::App app{kMainIntroduction, "tsxport"};
   app.formatter(std::make_shared<HelpFormatter>());
   app.footer(kMainFooter);

@@ -67,8 +67,10 @@ std::string WeightsText(const TSFModel& model) {
     const double weight = properties.GetWeight(row.type);
     if (weight == MV::gMissingValue) continue;
     const double error = properties.GetStdError(row.type);
-    const std::string errorText =
-        error == MV::gMissingValue ? "on its bound" : "s.e. " + NumberText(error, 2);
+    const bool onBound = weight <= 0 || weight >= 1;
+    const std::string errorText = error != MV::gMissingValue ? "s.e. " + NumberText(error, 2)
+                                  : onBound                  ? "on its bound"
+                                                             : "s.e. undefined";
     weights.push_back(std::string(row.name) + " " + FixedText(weight, 4) + " (" + errorText + ")");
   }
   return Joined(weights, ", ");

@@ -54,6 +54,14 @@ TEST(ColumnRoles, ColumnOfNumbersWithAWordInItIsAVariable) {
 TEST(ColumnRoles, EmptyColumnIsNoVariable) {
   EXPECT_EQ(Choose("date,y,z\n1,5,\n2,6,NA\n").variables, Columns{1});
 }
+TEST(ColumnRoles, RowNumbersWithoutANameArePassedOver) {
+  const ColumnRoles roles = Choose("\"\",\"date\",\"y\"\n\"1\",1949-01,5\n\"2\",1949-02,6\n");
+  EXPECT_EQ(roles.time, 1U);
+  EXPECT_EQ(roles.variables, Columns{2});
+}
+TEST(ColumnRoles, RowNumbersWithoutANameAreTheTimeWhereThereIsNoOther) {
+  EXPECT_EQ(Choose(",y\n0,5\n1,6\n").time, 0U);
+}
 TEST(ColumnRoles, VariablesKeepTheOrderOfTheCommandLine) {
   EXPECT_EQ(Choose("date,a,b\n1,5,6\n", {"", "", {"b", "a"}}).variables, (Columns{2, 1}));
 }
@@ -88,7 +96,7 @@ TEST(ColumnRolesError, NothingBesideTheTime) {
             "table.csv:1:1: there is no column of numbers beside the time");
 }
 TEST(ColumnRolesError, NumbersWithoutAName) {
-  EXPECT_EQ(ChooseError("date,,y\n1,5,6\n"),
+  EXPECT_EQ(ChooseError("date,,y\n1,5,6\n2,4,6\n"),
             "table.csv:1:6: column 2 holds numbers but has no name");
 }
 

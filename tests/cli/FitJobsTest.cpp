@@ -1,7 +1,10 @@
 #include <atomic>
+#include <chrono>
 #include <gtest/gtest.h>
+#include <sstream>
 #include <stdexcept>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "cli/FitJobs.h"
@@ -52,6 +55,28 @@ TEST(Progress, BarFillsUp) {
   EXPECT_EQ(ProgressText(5, 10),
             "[" + std::string(20, '#') + std::string(20, '-') + "] 5/10 series");
   EXPECT_EQ(ProgressText(10, 10), "[" + std::string(40, '#') + "] 10/10 series");
+}
+
+TEST(Progress, BarShowsUpOnATerminalAndIsWipedOut) {
+  std::ostringstream out;
+  {
+    ProgressBar bar(out, true, 2);
+    bar.Advance();
+    EXPECT_EQ(out.str(), "") << "work that is quickly done needs no bar";
+    std::this_thread::sleep_for(std::chrono::milliseconds(350));
+    bar.Advance();
+    EXPECT_EQ(out.str(), "\r" + ProgressText(2, 2));
+  }
+  EXPECT_EQ(out.str(), "\r" + ProgressText(2, 2) + "\r\x1b[K");
+}
+TEST(Progress, NothingIsDrawnElsewhere) {
+  std::ostringstream out;
+  {
+    ProgressBar bar(out, false, 2);
+    std::this_thread::sleep_for(std::chrono::milliseconds(350));
+    bar.Advance();
+  }
+  EXPECT_EQ(out.str(), "");
 }
 
 }  // namespace

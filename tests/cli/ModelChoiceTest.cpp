@@ -81,6 +81,7 @@ TEST(ModelChoice, PerfectFitsRankFirstAndTheSimplestOfThemWins) {
   const FittedSeries fitted = FitSeries(series, {});
   ASSERT_NE(fitted.kind, nullptr);
   EXPECT_STREQ(fitted.kind->option, "simple");
+  EXPECT_EQ(ReasonForChoice(fitted), "fits without error, the simplest of 7 kinds to do so");
 }
 TEST(ModelChoice, KindAskedForIsTheOnlyOneTried) {
   const Series series = Monthly(Seasons(60, 100));

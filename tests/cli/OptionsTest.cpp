@@ -112,6 +112,12 @@ TEST(OptionsError, EveryErrorIsOneLine) {
     EXPECT_EQ(error.find('\n'), std::string::npos) << error;
   }
 }
+TEST(OptionsError, UnknownCommandIsNamed) {
+  EXPECT_EQ(ErrorOf([] {
+              ParseCommandLine({"guess", "a.csv"});
+            }),
+            "there is no command 'guess'; see tsxport --help");
+}
 TEST(OptionsError, ControlCharactersInNames) {
   EXPECT_EQ(FitError({"--name", "a\tb"}), "--name: 'a?b' holds control characters or is not UTF-8");
   EXPECT_EQ(FitError({"--descriptor", "caf\xE9"}),
