@@ -2,12 +2,13 @@
 #define TSXPORT_TSXPORT_H_
 
 // All that libtsxport.so offers: the model tree, its records and date specifications, the visitor
-// behind it, and the XML layer it stands on.
+// behind it, the XML layer it stands on, and the writer and readers of object streams.
 
 #include <tsxport/Export.h>
 #include <tsxport/ExportFormat.h>
 #include <tsxport/ModelXMLTreeMaker.h>
 #include <tsxport/NumberFormat.h>
+#include <tsxport/ObjStreamReader.h>
 #include <tsxport/TSXDateSpec.h>
 #include <tsxport/TSXDictionaryRefs.h>
 #include <tsxport/TSXMLTree.h>
@@ -17,7 +18,9 @@
 #include <tsxport/XMLDocType.h>
 #include <tsxport/XMLElement.h>
 #include <tsxport/XMLInterface.h>
+#include <tsxport/XMLObj.h>
 #include <tsxport/XMLString.h>
 #include <tsxport/XMLUtil.h>
+#include <tsxport/XmluReader.h>
 
 #endif  // TSXPORT_TSXPORT_H_
