@@ -1,8 +1,5 @@
 #include "objstream/LineParser.h"
 
-#include "objstream/Names.h"
-#include "objstream/TokenNumber.h"
-
 namespace tsx::objstream {
 
 bool ParseFirstToken(std::istream& in, DelimiterSet delimiters, std::string_view token) {
@@ -21,21 +18,6 @@ bool ParseStartObj(std::istream& in, const Dialect& dialect, const std::string& 
 
 bool ParseEndObj(std::istream& in, const Dialect& dialect) {
   return ParseFirstToken(in, dialect.object_end, kObjectEnd);
-}
-
-bool ParseValueStart(std::istream& in, const Dialect& dialect, std::string_view tag,
-                     LineTokens& line) {
-  return line.Read(in) && line.Next(dialect.value_tag) == tag &&
-         line.Next(dialect.value_attribute) == kValue;
-}
-
-bool ParseInteger(std::istream& in, const Dialect& dialect, std::string_view tag, long& number) {
-  LineTokens line;
-  if (!ParseValueStart(in, dialect, tag, line)) return false;
-  const std::string_view token = line.Next(dialect.number);
-  if (token.empty()) return false;
-  number = LongFrom(token);
-  return true;
 }
 
 }  // namespace tsx::objstream

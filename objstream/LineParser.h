@@ -6,6 +6,8 @@
 #include <string_view>
 
 #include "objstream/LineTokens.h"
+#include "objstream/Names.h"
+#include "objstream/TokenNumber.h"
 
 // What the two readers have in common. They differ in what delimits a token.
 namespace tsx::objstream {
@@ -29,12 +31,22 @@ bool ParseFirstToken(std::istream& in, DelimiterSet delimiters, std::string_view
 bool ParseStartObj(std::istream& in, const Dialect& dialect, const std::string& name);
 bool ParseEndObj(std::istream& in, const Dialect& dialect);
 
-// Up to the attribute's name; the value is the next token of `line`.
-bool ParseValueStart(std::istream& in, const Dialect& dialect, std::string_view tag,
-                     LineTokens& line);
+// Up to the attribute's name; the value is the next token of `line`. The tag is a constant of the
+// code, so that comparing with it takes no call.
+template <const ValueTag& kTag>
+bool ParseValueStart(std::istream& in, const Dialect& dialect, LineTokens& line) {
+  if (!line.Read(in)) return false;
+  // The writer's own lines, whose tokens are the same to both readers.
+  if (line.SkipTabsAnd(kTag.start)) return true;
+  return line.Next(dialect.value_tag) == kTag.name && line.Next(dialect.value_attribute) == kValue;
+}
 
 // `number` is what strtol() makes of the value.
-bool ParseInteger(std::istream& in, const Dialect& dialect, std::string_view tag, long& number);
+template <const ValueTag& kTag>
+bool ParseInteger(std::istream& in, const Dialect& dialect, long& number) {
+  LineTokens line;
+  return ParseValueStart<kTag>(in, dialect, line) && NextLong(line, dialect.number, number);
+}
 
 }  // namespace tsx::objstream
 

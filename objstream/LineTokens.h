@@ -58,12 +58,31 @@ class LineTokens {
     return {first, static_cast<std::size_t>(last - first)};
   }
 
+  // Skips the delimiters in front of the next token and returns what is left of the line from
+  // there. A NUL follows it; there may be others in it.
+  std::string_view Rest(DelimiterSet delimiters) {
+    while (delimiters.Has(*next_)) ++next_;
+    return {next_, static_cast<std::size_t>(end_ - next_)};
+  }
+
+  // Goes on behind tabs and `start` when the line goes on so; else stays and returns false.
+  bool SkipTabsAnd(std::string_view start) {
+    const char* first = next_;
+    while (*first == '\t') ++first;
+    if (!std::string_view(first, static_cast<std::size_t>(end_ - first)).starts_with(start)) {
+      return false;
+    }
+    next_ = first + start.size();
+    return true;
+  }
+
   // Where Next() will begin to look.
   const char* place() const { return next_; }
 
  private:
   char line_[256];  // with the NUL behind the line
   const char* next_ = line_;
+  const char* end_ = line_;
 };
 
 }  // namespace tsx::objstream

@@ -3,16 +3,22 @@
 
 #include <string_view>
 
+#include "objstream/LineTokens.h"
+
 namespace tsx::objstream {
 
-// The number at the front of `token` as strtol() reads it in base 10: white space of the C locale
-// in force, a sign, digits. The rest is ignored; no digits give 0, and too many the end of the
-// range on their side. errno is left alone.
-long LongFrom(std::string_view token);
+// The value of the line's next token as strtol() reads it in base 10: white space of the C locale
+// in force, a sign, digits. What follows is ignored; no digits give 0, and too many the end of the
+// range on their side. errno is left alone. False when there is no token.
+bool NextLong(LineTokens& line, DelimiterSet delimiters, long& value);
 
-// Puts into `value` what a string stream over `token` extracts: by the global C++ locale. When the
-// extraction fails that is 0, or the largest finite value with its sign when the number is beyond
-// it; a token of white space alone leaves `value` as it was.
+// The same for a double, when the next token is a plain number within the range and the global C++
+// locale is the classic one. Else nothing has happened, and ExtractDouble() takes the token.
+bool NextPlainDouble(LineTokens& line, DelimiterSet delimiters, double& value);
+
+// What a string stream extracts from `token`, by the global C++ locale. When the extraction fails
+// that is 0, or the largest finite value with its sign when the number is beyond it; white space
+// alone leaves `value` as it was.
 void ExtractDouble(std::string_view token, double& value);
 
 }  // namespace tsx::objstream

@@ -46,19 +46,18 @@ void WithEscaped(std::string_view value, Write write) {
 }
 
 // Values stand one tab deeper than their object.
-void WriteValue(std::ostream& os, int objectTabs, std::string_view tag,
+void WriteValue(std::ostream& os, int objectTabs, const ValueTag& tag,
                 std::string_view escapedValue) {
   tsx::Output out(os);
   AppendLineStart(out, objectTabs < 0 ? 0 : TabsOf(objectTabs) + 1);
-  out.Append("<");
-  out.Append(tag);
-  out.Append(" ");
-  AppendAttribute(out, kValue, escapedValue);
-  out.Append("/>");
+  out.Append(tag.start);
+  out.Append("\"");
+  out.Append(escapedValue);
+  out.Append("\"/>");
   out.Flush();
 }
 
-void WriteNumber(std::ostream& os, int objectTabs, std::string_view tag, double value) {
+void WriteNumber(std::ostream& os, int objectTabs, const ValueTag& tag, double value) {
   WriteValue(os, objectTabs, tag, tsx::NumberText(value).view());
 }
 

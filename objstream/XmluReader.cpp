@@ -38,23 +38,24 @@ bool ParseEndObj(std::ifstream& in) { return tsx::objstream::ParseEndObj(in, kDi
 
 bool ParseValue(std::ifstream& in, int& value) {
   long number = 0;
-  if (!ParseInteger(in, kDialect, kInt, number)) return false;
+  if (!ParseInteger<kInt>(in, kDialect, number)) return false;
   value = static_cast<int>(number);
   return true;
 }
 
 bool ParseValue(std::ifstream& in, unsigned int& value) {
   long number = 0;
-  if (!ParseInteger(in, kDialect, kInt, number)) return false;
+  if (!ParseInteger<kInt>(in, kDialect, number)) return false;
   value = static_cast<unsigned int>(number);
   return true;
 }
 
-bool ParseValue(std::ifstream& in, long& value) { return ParseInteger(in, kDialect, kLong, value); }
+bool ParseValue(std::ifstream& in, long& value) { return ParseInteger<kLong>(in, kDialect, value); }
 
 bool ParseValue(std::ifstream& in, double& value) {
   LineTokens line;
-  if (!ParseValueStart(in, kDialect, kDouble, line)) return false;
+  if (!ParseValueStart<kDouble>(in, kDialect, line)) return false;
+  if (NextPlainDouble(line, kDialect.number, value)) return true;
   const std::string_view token = line.Next(kDialect.number);
   if (token.empty()) return false;
   ExtractDouble(token, value);
