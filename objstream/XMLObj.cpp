@@ -42,7 +42,7 @@ void WithEscaped(std::string_view value, Write write) {
   if (size == value.size()) return write(value);
   std::string escaped(size, '\0');
   tsx::EscapeValue(value, escaped.data());
-  write(std::string_view(escaped));
+  write(escaped);
 }
 
 // Values stand one tab deeper than their object.

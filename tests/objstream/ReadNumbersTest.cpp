@@ -253,6 +253,7 @@ TEST(ReadNumbers, DoublesFollowTheGlobalCxxLocale) {
   ExpectValue<double>(DoubleLine("0,5"), 0.5);
   ExpectValue<double>(DoubleLine("1.234,5"), 1234.5);
   ExpectValue<double>(DoubleLine("12.34"), 1234);  // the value although the groups are wrong
+  ExpectValue<double>(DoubleLine("0.5"), 5);
   EXPECT_EQ(ValueOf<double>(DoubleLine("Missing")), kMissing);
   ExpectValue<int>(IntLine("1.234"), 1);
 }
