@@ -11,6 +11,16 @@
 
 // Final state of an exponential smoothing model, on the modelled (transformed) scale.
 //
+// The embedded core's standard errors of the weights are the roots of the diagonal of v (H / 2)^-1:
+// v is the error variance and H the matrix of second derivatives of the sum of squares by free
+// weights and starting components together, so that the uncertainty of the starting components
+// counts. This is the observed information, which ARIMA software reports too; v (J'J)^-1 with the
+// Jacobian J of the errors is its first-order approximation (Seber and Wild 1989, "Nonlinear
+// regression", chapter 2). A weight on its bound is taken as known and has a missing standard
+// error; so has one that the errors do not depend on, and so have all where H is not positive
+// definite or nothing but rounding is left of the errors. Of more than 600 starting components
+// those of the season are held.
+//
 //   ESForecastState state({.spec = ESModelSpec(ESModelSpec::ForKind(ESModelSpec::kSimple, 1)),
 //                          .estimates = {0.3},
 //                          .std_errors = {0.1},
@@ -23,10 +33,12 @@ class TSF_EXPORT ESForecastState : public ForecastState {
   //   q + season[phase]  with an additive season,
   //   q * season[phase]  with a multiplicative one.
   // `season` holds one value per position of the cycle, counted from the first case of the fit, so
-  // season[0] belongs to that case's position. `phase` is the index of the position that the first
-  // period after the end of the series falls on; h steps ahead it is (phase + h - 1) mod length.
-  // Brown's model: `level` is the single-smoothed series and `trend` the slope, so that with
-  // weight a the forecast h steps ahead is level + trend * (h - 1 + 1 / a).
+  // season[0] belongs to that case's position; the fit starts at the first case that is not
+  // missing. `phase` is the index of the position that the first period after the end of the series
+  // falls on; h steps ahead it is (phase + h - 1) mod length. The seasonal values have mean 0 when
+  // additive and mean 1 when multiplicative, level and trend being scaled to match. Brown's model:
+  // `level` is the single-smoothed series and `trend` the slope, so that with weight a the forecast
+  // h steps ahead is level + trend * (h - 1 + 1 / a).
   struct SmState {
     double level = 0;
     double trend = 0;

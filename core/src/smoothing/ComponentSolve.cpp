@@ -12,6 +12,8 @@ using Eigen::Index;
 using Eigen::MatrixXd;
 using Eigen::VectorXd;
 
+constexpr int kMostHalvings = 2;
+
 // J'J (lower triangle) and J'e, gathered a block of cases at a time so that memory does not grow
 // with the series.
 class NormalSum {
@@ -141,7 +143,8 @@ double SolveComponents(SmoothingProblem& problem, std::vector<double>& parameter
   });
   if (step.size() == 0 || !step.allFinite()) return sse;
   std::vector<double> trial(parameters);
-  for (double share = 1; share > 0.2; share /= 2) {
+  double share = 1;
+  for (int halvings = 0; halvings <= kMostHalvings; ++halvings, share /= 2) {
     for (Index j = 0; j < step.size(); ++j) {
       const std::size_t i = problem.WeightCount() + static_cast<std::size_t>(j);
       trial[i] = parameters[i] + share * step[j];
