@@ -138,7 +138,7 @@ std::string SummaryText(const FittedSeries& fitted, bool chosen) {
   text += Line("series", SeriesText(*fitted.series));
   if (state == nullptr) return text;
   text += Line("model", ModelText(fitted, state->GetESModelSpec()));
-  if (chosen) text += Line("chosen for", ReasonForChoice(fitted));
+  if (chosen) text += Line("why", ReasonForChoice(fitted));
   text += Line("weights", WeightsText(fitted.model));
   text += Line("fit", FitText(fitted.model));
   text += Line("residuals", ResidualsText(fitted.model));
