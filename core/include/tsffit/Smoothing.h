@@ -63,7 +63,8 @@ enum class FitStatus {
                  // in every season
   kNotPositive,  // a value <= 0 under the logarithm or multiplicative seasons, or a value <= 1
                  // under both
-  kNegative,     // a value < 0 under the square root
+  kNegative,     // a value < 0 under the square root or in Croston's method
+  kNoDemand,     // no value > 0, in Croston's method
 };
 
 struct SmoothingOptions {
