@@ -20,16 +20,22 @@ int AddCalendar(TSXMLTree& tree, const Series& series, const DocumentOptions& op
   return tree.AddDateSpec(MakeDateSpec(axis, how), axis.name + " from " + axis.CaseText(0));
 }
 
+bool AddModel(TSXMLTree& tree, const FittedSeries& fitted, const TSXDictionaryRefs& refs) {
+  return fitted.kind == &CrostonKind() ? tree.AddModelTree(fitted.croston, refs)
+                                       : tree.AddModelTree(fitted.model, refs);
+}
+
 }  // namespace
 
 std::string DocumentText(const std::vector<FittedSeries>& fitted, const DocumentOptions& options) {
   TSXMLTree tree;
+  tree.SetPMMLOutput(options.format == DocumentFormat::kPmml);
   tree.SetApplication("tsxport", TSXPORT_VERSION);
   for (const FittedSeries& one : fitted) {
     if (one.kind == nullptr) continue;
     TSXDictionaryRefs refs(one.series->model_name, options.descriptor, one.series->variable);
     refs.SetDateSpecID(AddCalendar(tree, *one.series, options));
-    if (!tree.AddModelTree(one.model, refs)) {
+    if (!AddModel(tree, one, refs)) {
       throw std::logic_error("internal error: model refused: " + one.series->model_name);
     }
   }

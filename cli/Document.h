@@ -8,14 +8,18 @@
 
 namespace tsx::cli {
 
+enum class DocumentFormat { kTscxml, kPmml };
+
 struct DocumentOptions {
+  DocumentFormat format = DocumentFormat::kTscxml;
   std::string descriptor;       // of every model
   unsigned season_length = 0;   // asked for; 0: the calendar's own
   bool first_case_day = false;  // on every axis, which must have a Day period
 };
 
-// The time-series XML document of all fitted series. Series with equivalent calendars share a date
+// The document of all fitted series. Series with equivalent calendars share a date
 // specification. Hopeless series are left out; at least one is not.
+// PMML is for series that PmmlCheck.h has nothing against.
 std::string DocumentText(const std::vector<FittedSeries>& fitted, const DocumentOptions& options);
 
 }  // namespace tsx::cli

@@ -10,6 +10,7 @@
 #include "cli/FitJobs.h"
 #include "cli/ForecastTable.h"
 #include "cli/Plot.h"
+#include "cli/PmmlCheck.h"
 #include "cli/Progress.h"
 #include "cli/SafeFile.h"
 #include "cli/Summary.h"
@@ -127,8 +128,10 @@ void WriteAll(const std::vector<FittedSeries>& fitted, const FitOptions& options
               const Streams& io) {
   std::string document;
   if (!options.output.empty()) {
-    document = DocumentText(
-        fitted, {options.descriptor, options.model.season_length, options.first_case_day});
+    document = DocumentText(fitted, {.format = options.format,
+                                     .descriptor = options.descriptor,
+                                     .season_length = options.model.season_length,
+                                     .first_case_day = options.first_case_day});
   }
   const bool toFile = !options.output.empty() && options.output != "-";
   std::optional<SafeFile> modelFile;
@@ -154,6 +157,7 @@ int RunFit(const FitOptions& options, const Streams& io) {
   const CsvTable table = ReadCsvFile(options.input);
   const std::vector<Series> all = ReadSeries(table, {options.columns, options.name, options.gaps});
   CheckAxes(all, options);
+  if (options.format == DocumentFormat::kPmml) CheckSeriesForPmml(table.file, all, options.model);
   const std::vector<FittedSeries> fitted = FitAll(all, options, io);
   const int status = ReportHopeless(table.file, fitted, io.err);
   WriteAll(fitted, options, io);

@@ -3,7 +3,6 @@
 #include <cmath>
 
 #include <tsfcore/MV.h>
-#include <tsffit/Forecast.h>
 
 #include "cli/CsvReader.h"
 #include "cli/Text.h"
@@ -17,7 +16,7 @@ std::string Cell(double value) {
 }
 
 void AppendForecasts(std::string& table, const FittedSeries& fitted, unsigned horizon) {
-  const tsffit::Forecasts forecasts = tsffit::Forecast(fitted.model, horizon);
+  const tsffit::Forecasts forecasts = ForecastsOf(fitted, horizon);
   const std::string name = CsvField(fitted.series->model_name);
   const DateAxis& axis = *fitted.series->axis;
   for (std::size_t h = 0; h < forecasts.value.size(); ++h) {

@@ -8,8 +8,9 @@
 namespace tsx::cli {
 
 const char kMainIntroduction[] =
-    "tsxport fits exponential smoothing models to time series and writes them as XML\n"
-    "documents, with all the numbers that forecasting needs to go on from.";
+    "tsxport fits exponential smoothing models, and Croston's method for intermittent\n"
+    "demand, to time series and writes them as XML documents, with all the numbers\n"
+    "that forecasting needs to go on from.";
 
 const char kMainFooter[] =
     R"(A first try:
@@ -21,7 +22,7 @@ Exit status: 0 all done, 1 an output could not be written, 2 the command line or
 the input is wrong and nothing was written, 3 some series could not be fitted.
 )";
 
-const char kFitIntroduction[] = "Fits exponential smoothing to the series of a CSV table.";
+const char kFitIntroduction[] = "Fits exponential smoothing or Croston's method to the series of a CSV table.";
 
 const char kFitFooter[] =
     R"(The table:
@@ -52,6 +53,10 @@ Examples:
       two models in one document
   tsxport fit sales.csv --id shop --time week --season 52 --jobs 8 -o shops.xml
       one model for each shop of a long table
+  tsxport fit parts.csv --id part --model croston -o parts.xml
+      intermittent demand, where most periods are zero
+  tsxport fit airpassengers.csv --format pmml -o air.pmml
+      the model for programs that read PMML
 
 Exit status:
   0  all done

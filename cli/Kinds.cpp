@@ -7,7 +7,7 @@
 namespace tsx::cli {
 namespace {
 
-constexpr KindInfo kKinds[] = {
+constexpr KindInfo kSmoothingKinds[] = {
     {ESModelSpec::kSimple, "simple", "simple smoothing", false, false},
     {ESModelSpec::kBrown, "brown", "Brown's linear trend", false, false},
     {ESModelSpec::kHolt, "holt", "Holt's linear trend", false, false},
@@ -19,15 +19,20 @@ constexpr KindInfo kKinds[] = {
      "Winters with multiplicative seasons", true, true},
 };
 
+constexpr KindInfo kCroston = {-1, "croston", "Croston's method", false, false};
+
 }  // namespace
 
-std::span<const KindInfo> AllKinds() { return kKinds; }
+std::span<const KindInfo> SmoothingKinds() { return kSmoothingKinds; }
+
+const KindInfo& CrostonKind() { return kCroston; }
 
 const KindInfo* FindKind(std::string_view option) {
+  if (option == kCroston.option) return &kCroston;
   const auto* const found =
-      std::find_if(std::begin(kKinds), std::end(kKinds),
+      std::find_if(std::begin(kSmoothingKinds), std::end(kSmoothingKinds),
                    [option](const KindInfo& k) { return k.option == option; });
-  return found == std::end(kKinds) ? nullptr : found;
+  return found == std::end(kSmoothingKinds) ? nullptr : found;
 }
 
 }  // namespace tsx::cli

@@ -6,19 +6,22 @@
 
 namespace tsx::cli {
 
-// A kind of exponential smoothing as the command names it.
+// A kind of model as the command names it.
 struct KindInfo {
-  int kind;            // ESModelSpec::Kind
+  int kind;            // ESModelSpec::Kind; -1 for Croston's method
   const char* option;  // "winters-additive"
   const char* title;   // for people
   bool seasonal;
   bool multiplicative;
 };
 
-// All kinds, the simplest first.
-std::span<const KindInfo> AllKinds();
+// All kinds of exponential smoothing, the simplest first.
+std::span<const KindInfo> SmoothingKinds();
 
-// The kind with this option name; null when there is none.
+// Croston's method, for intermittent demand.
+const KindInfo& CrostonKind();
+
+// The kind with this option name, Croston's method among them; null when there is none.
 const KindInfo* FindKind(std::string_view option);
 
 }  // namespace tsx::cli

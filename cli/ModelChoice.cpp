@@ -5,6 +5,7 @@
 #include <limits>
 
 #include <tsfcore/MV.h>
+#include <tsffit/Croston.h>
 #include <tsffit/Smoothing.h>
 
 #include "cli/Text.h"
@@ -23,7 +24,8 @@ double RankingBic(const TSFModel& model) {
 }
 
 // Fills in why the core refused the series.
-void Explain(Candidate& candidate, const Series& series, const tsffit::SmoothingFit& fit) {
+template <typename Fit>
+void Explain(Candidate& candidate, const Series& series, const Fit& fit) {
   const bool blamesValue =
       fit.status == tsffit::FitStatus::kNotPositive || fit.status == tsffit::FitStatus::kNegative;
   const std::size_t blamed = blamesValue ? fit.bad_case : 0;
@@ -54,6 +56,22 @@ void Try(const KindInfo& kind, const ModelRequest& request, FittedSeries& fitted
   fitted.candidates.push_back(candidate);
 }
 
+void TryCroston(const ModelRequest& request, FittedSeries& fitted) {
+  Candidate candidate;
+  candidate.kind = &CrostonKind();
+  tsffit::CrostonOptions options;
+  options.function_type = request.function_type;
+  const tsffit::CrostonFit fit = tsffit::FitCroston(fitted.series->values, options);
+  candidate.fitted = fit.status == tsffit::FitStatus::kOk;
+  if (candidate.fitted) {
+    fitted.kind = candidate.kind;
+    fitted.croston = fit.model;
+  } else {
+    Explain(candidate, *fitted.series, fit);
+  }
+  fitted.candidates.push_back(candidate);
+}
+
 bool HasGaps(const Series& series) { return series.cases.size() < series.axis->CaseCount(); }
 
 // Why the kind cannot go with the series, whatever its values; empty when it can.
@@ -75,7 +93,37 @@ bool IsOpenToChoice(const KindInfo& kind, const FittedSeries& fitted, const Mode
   return Misfit(kind, fitted).empty() && !(kind.multiplicative && transformed);
 }
 
+void TrySmoothing(const ModelRequest& request, FittedSeries& fitted) {
+  double best = 0;
+  for (const KindInfo& kind : SmoothingKinds()) {
+    const bool wanted =
+        request.kind != nullptr ? &kind == request.kind : IsOpenToChoice(kind, fitted, request);
+    if (wanted) Try(kind, request, fitted, best);
+  }
+}
+
 }  // namespace
+
+ZeroCount CountZeros(const Series& series) {
+  constexpr double kLeastShare = 0.3;
+  ZeroCount count;
+  bool negative = false;
+  for (const double value : series.values) {
+    if (value == MV::gMissingValue) continue;
+    ++count.cases;
+    count.zeros += value == 0 ? 1 : 0;
+    negative = negative || value < 0;
+  }
+  const bool often =
+      static_cast<double>(count.zeros) >= kLeastShare * static_cast<double>(count.cases);
+  count.intermittent = often && !negative && count.zeros < count.cases;
+  return count;
+}
+
+std::string ZerosText(const ZeroCount& count) {
+  return std::to_string(count.zeros) + " of " + std::to_string(count.cases) +
+         " cases are zero and none is negative";
+}
 
 FittedSeries FitSeries(const Series& series, const ModelRequest& request) {
   FittedSeries fitted;
@@ -88,12 +136,9 @@ FittedSeries FitSeries(const Series& series, const ModelRequest& request) {
   if (fitted.fault.empty() && request.kind != nullptr) fitted.fault = Misfit(*request.kind, fitted);
   if (!fitted.fault.empty()) return fitted;
 
-  double best = 0;
-  for (const KindInfo& kind : AllKinds()) {
-    const bool wanted =
-        request.kind != nullptr ? &kind == request.kind : IsOpenToChoice(kind, fitted, request);
-    if (wanted) Try(kind, request, fitted, best);
-  }
+  const bool croston =
+      request.kind != nullptr ? request.kind == &CrostonKind() : CountZeros(series).intermittent;
+  croston ? TryCroston(request, fitted) : TrySmoothing(request, fitted);
   if (fitted.kind == nullptr) {
     fitted.fault = fitted.candidates.front().refusal;
     fitted.fault_place = fitted.candidates.front().refused_at;
@@ -102,6 +147,10 @@ FittedSeries FitSeries(const Series& series, const ModelRequest& request) {
 }
 
 std::string ReasonForChoice(const FittedSeries& fitted) {
+  if (fitted.kind == &CrostonKind()) {
+    return "intermittent demand: " + ZerosText(CountZeros(*fitted.series)) +
+           "; not compared with smoothing";
+  }
   std::vector<const Candidate*> ranked;
   for (const Candidate& candidate : fitted.candidates) {
     if (candidate.fitted) ranked.push_back(&candidate);
@@ -122,6 +171,16 @@ std::string ReasonForChoice(const FittedSeries& fitted) {
   return "lowest normalised BIC of " + std::to_string(ranked.size()) + " kinds, " +
          bicText(ranked[0]->bic) + "; next " + ranked[1]->kind->option + " with " +
          bicText(ranked[1]->bic);
+}
+
+tsffit::Forecasts ForecastsOf(const FittedSeries& fitted, unsigned horizon) {
+  return fitted.kind == &CrostonKind() ? tsffit::Forecast(fitted.croston, horizon)
+                                       : tsffit::Forecast(fitted.model, horizon);
+}
+
+const EstimationInfo& EstimationOf(const FittedSeries& fitted) {
+  return fitted.kind == &CrostonKind() ? fitted.croston.GetImp()->GetEstimationInfo()
+                                       : fitted.model.GetImp()->GetEstimationInfo();
 }
 
 }  // namespace tsx::cli

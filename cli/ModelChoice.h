@@ -4,8 +4,11 @@
 #include <string>
 #include <vector>
 
+#include <tsfcore/EstimationInfo.h>
+#include <tsfcore/TSFCrModel.h>
 #include <tsfcore/TSFModel.h>
 #include <tsfcore/TSTransformation.h>
+#include <tsffit/Forecast.h>
 
 #include "cli/Errors.h"
 #include "cli/Kinds.h"
@@ -26,7 +29,7 @@ struct Candidate {
   bool fitted = false;
   std::string refusal;  // why it was not fitted
   Place refused_at;     // the value to blame, or the first one of the series
-  double bic = 0;       // normalised BIC; minus infinity for a perfect fit
+  double bic = 0;       // normalised BIC; minus infinity for a perfect fit; 0 for Croston's method
 };
 
 struct FittedSeries {
@@ -34,20 +37,41 @@ struct FittedSeries {
   unsigned season_length = 1;
   std::vector<Candidate> candidates;  // those tried, the simplest first; empty: none could be
   const KindInfo* kind = nullptr;     // null: hopeless, and the fault says why
-  TSFModel model;                     // empty when hopeless
+  TSFModel model;                     // of a smoothing kind, else empty
+  TSFCrModel croston;                 // of Croston's method, else empty
   std::string fault;
   Place fault_place;
 };
 
-// Fits the kind asked for, or each kind that goes with the series, and keeps the one with the
-// lowest normalised BIC; the simpler one when two tie. What goes with a series: seasonal kinds when
-// there is a season of at least 2 and no case is left out as a gap; multiplicative seasons when
-// nothing is transformed (a transformed series has additive seasons) and every value is positive.
+// How often a series is zero.
+struct ZeroCount {
+  std::size_t zeros = 0;
+  std::size_t cases = 0;  // that are not missing
+  bool intermittent = false;
+};
+
+// Demand is intermittent when at least 30 % of the cases are zero, none is negative and some are
+// above 0.
+ZeroCount CountZeros(const Series& series);
+
+// "67 of 120 cases are zero and none is negative", for people.
+std::string ZerosText(const ZeroCount& count);
+
+// Fits the kind asked for. Where none is, intermittent demand gets Croston's method; its errors are
+// of another sort than those of smoothing, so no criterion decides between them. Any other series
+// gets each kind of smoothing that goes with it, and the one with the lowest normalised BIC is
+// kept; the simpler one when two tie. What goes with a series: seasonal kinds when there is a
+// season of at least 2 and no case is left out as a gap; multiplicative seasons when nothing is
+// transformed (a transformed series has additive seasons) and every value is positive.
 // Never throws on data; threads may call it side by side.
 FittedSeries FitSeries(const Series& series, const ModelRequest& request);
 
 // "lowest normalised BIC of 7 kinds: winters-additive 5.1, next holt 6.2", for people.
 std::string ReasonForChoice(const FittedSeries& fitted);
+
+// Of the model that a series got; none for a hopeless one.
+tsffit::Forecasts ForecastsOf(const FittedSeries& fitted, unsigned horizon);
+const EstimationInfo& EstimationOf(const FittedSeries& fitted);  // of a series that got a model
 
 }  // namespace tsx::cli
 

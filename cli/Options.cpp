@@ -11,6 +11,7 @@
 
 #include "cli/Errors.h"
 #include "cli/HelpPages.h"
+#include "cli/PmmlCheck.h"
 #include "cli/Text.h"
 
 namespace tsx::cli {
@@ -21,6 +22,7 @@ struct RawOptions {
   std::string model = "auto";
   std::string season;
   std::string transform = "none";
+  std::string format = "tscxml";
   std::string jobs;
   std::string forecast;
 };
@@ -60,14 +62,18 @@ void AddModelOptions(CLI::App& app, RawOptions& raw) {
   };
   add("--model", raw.model, "KIND",
       "simple, brown, holt, damped-trend, simple-seasonal, winters-additive, "
-      "winters-multiplicative; or auto (the default), which fits all kinds that go with the series "
-      "and keeps the one with the lowest normalised BIC");
+      "winters-multiplicative; croston, for intermittent demand; or auto (the default), which "
+      "takes "
+      "croston where at least 30 % of the cases are zero and none is negative, and else fits all "
+      "kinds of smoothing that go with the series and keeps the one with the lowest normalised "
+      "BIC");
   add("--season", raw.season, "N",
       "Periods in one season; 1 for none. Default: what the calendar says, 12 for months, 4 for "
       "quarters, 7 for days, 24 for hours. Another length is marked in the document as forced");
   add("--transform", raw.transform, "FUNCTION",
       "Model the series as it is (none, the default), its natural logarithm (log) or its square "
-      "root (sqrt). Under log and sqrt, auto leaves out multiplicative seasons");
+      "root (sqrt); with croston, the sizes of the demands. Under log and sqrt, auto leaves out "
+      "multiplicative seasons");
 }
 
 void AddOutputOptions(CLI::App& app, FitOptions& options, RawOptions& raw) {
@@ -77,10 +83,15 @@ void AddOutputOptions(CLI::App& app, FitOptions& options, RawOptions& raw) {
   add("-o,--output", options.output, "MODEL.xml",
       "Write the models there as an XML document; - is standard output. Without it a summary is "
       "printed instead");
+  add("--format", raw.format, "FORMAT",
+      "tscxml (the default), which holds all that forecasting needs; or pmml, PMML 4.2, for "
+      "smoothing alone: it has no place for croston, for --transform or for missing values, and "
+      "the run is refused where they come up. One series to a document is best there, since "
+      "its data dictionary names the last one only");
   add("--name", options.name, "NAME",
       "Name of the model. Default: the file's name without its ending. Several models are named "
       "NAME/ID, NAME/COLUMN or NAME/ID/COLUMN");
-  add("--descriptor", options.descriptor, "TEXT", "Free text that goes with every model");
+  add("--descriptor", options.descriptor, "TEXT", "Free text that goes with every model (tscxml)");
   add("--forecast", raw.forecast, "H",
       "Print forecasts for H periods with 95 % limits as CSV on standard output; the summary then "
       "goes to standard error");
@@ -118,7 +129,8 @@ ModelRequest CheckedModel(const RawOptions& raw) {
   model.kind = FindKind(raw.model);
   if (model.kind == nullptr && raw.model != "auto") {
     std::string known = "auto";
-    for (const KindInfo& kind : AllKinds()) known += std::string(", ") + kind.option;
+    for (const KindInfo& kind : SmoothingKinds()) known += std::string(", ") + kind.option;
+    known += std::string(", ") + CrostonKind().option;
     throw UsageError("--model: " + Quoted(raw.model) + " is none of " + known);
   }
   if (!raw.season.empty()) {
@@ -132,6 +144,12 @@ ModelRequest CheckedModel(const RawOptions& raw) {
   return model;
 }
 
+DocumentFormat CheckedFormat(const RawOptions& raw) {
+  if (raw.format == "pmml") return DocumentFormat::kPmml;
+  if (raw.format == "tscxml") return DocumentFormat::kTscxml;
+  throw UsageError("--format: " + Quoted(raw.format) + " is none of tscxml, pmml");
+}
+
 void CheckText(const char* option, const std::string& text) {
   if (IsCleanName(text)) return;
   throw UsageError(std::string(option) + ": " + Quoted(text) +
@@ -143,6 +161,7 @@ void CheckTogether(const FitOptions& options) {
     throw UsageError("-o - and --forecast would both print on standard output");
   }
   if (options.plot == "-") throw UsageError("--plot needs the name of a file");
+  if (options.format == DocumentFormat::kPmml) CheckModelForPmml(options.model);
   const bool seasonal = options.model.kind != nullptr && options.model.kind->seasonal;
   if (seasonal && options.model.season_length == 1) {
     throw UsageError(std::string("--season 1 means no season, which ") +
@@ -159,6 +178,7 @@ void CheckCommand(const std::vector<std::string>& arguments) {
 
 FitOptions Checked(FitOptions options, const RawOptions& raw) {
   options.model = CheckedModel(raw);
+  options.format = CheckedFormat(raw);
   options.jobs = raw.jobs.empty() ? std::clamp(std::thread::hardware_concurrency(), 1U, kMostJobs)
                                   : ParseCount("--jobs", raw.jobs, kMostJobs);
   if (!raw.forecast.empty()) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "cli/ColumnRoles.h"
+#include "cli/Document.h"
 #include "cli/ModelChoice.h"
 
 namespace tsx::cli {
@@ -23,6 +24,7 @@ struct FitOptions {
   std::string descriptor;
   bool gaps = false;
   bool first_case_day = false;
+  DocumentFormat format = DocumentFormat::kTscxml;
   unsigned jobs = 1;
   unsigned forecast = 0;  // 0: not asked for
   std::string plot;       // empty: not asked for

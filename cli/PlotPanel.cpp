@@ -5,7 +5,6 @@
 #include <limits>
 
 #include <tsfcore/MV.h>
-#include <tsffit/Forecast.h>
 
 namespace tsx::cli {
 namespace {
@@ -70,7 +69,7 @@ bool IsDrawable(const PlotPoint& point) {
 }
 
 PlotPanel MakePlotPanel(const FittedSeries& fitted, unsigned horizon) {
-  const tsffit::Forecasts forecasts = tsffit::Forecast(fitted.model, horizon);
+  const tsffit::Forecasts forecasts = ForecastsOf(fitted, horizon);
   PlotPanel panel;
   panel.fitted = &fitted;
   panel.case_count = fitted.series->axis->CaseCount();

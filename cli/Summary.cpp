@@ -52,6 +52,10 @@ std::string ModelText(const FittedSeries& fitted, const ESModelSpec& spec) {
   return text;
 }
 
+std::string StdErrorText(double error, const char* without) {
+  return error == MV::gMissingValue ? without : "s.e. " + NumberText(error, 2);
+}
+
 std::string WeightsText(const TSFModel& model) {
   struct Row {
     TSFESModelProp::TSFESParmType type;
@@ -66,29 +70,28 @@ std::string WeightsText(const TSFModel& model) {
   for (const Row& row : kRows) {
     const double weight = properties.GetWeight(row.type);
     if (weight == MV::gMissingValue) continue;
-    const double error = properties.GetStdError(row.type);
     const bool onBound = weight <= 0 || weight >= 1;
-    const std::string errorText = error != MV::gMissingValue ? "s.e. " + NumberText(error, 2)
-                                  : onBound                  ? "on its bound"
-                                                             : "s.e. undefined";
-    weights.push_back(std::string(row.name) + " " + FixedText(weight, 4) + " (" + errorText + ")");
+    const std::string error =
+        StdErrorText(properties.GetStdError(row.type), onBound ? "on its bound" : "s.e. undefined");
+    weights.push_back(std::string(row.name) + " " + FixedText(weight, 4) + " (" + error + ")");
   }
   return Joined(weights, ", ");
 }
 
-std::string FitText(const TSFModel& model) {
-  return "RMSE " + ValueText(model.GetGOFStat("RMSE")) + ", MAPE " +
-         PercentText(model.GetGOFStat("MAPE")) + ", MAE " + ValueText(model.GetGOFStat("MAE")) +
-         ", R-squared " + ValueText(model.GetGOFStat("RSQ")) + ", normalised BIC " +
-         ValueText(model.GetGOFStat("NRMBIC"));
+std::string FitText(const EstimationInfo& info) {
+  return "RMSE " + ValueText(info.GetGOFStat(BFSharedConst::kRootMeanSqrErr)) + ", MAPE " +
+         PercentText(info.GetGOFStat(BFSharedConst::kMeanAbsPctErr)) + ", MAE " +
+         ValueText(info.GetGOFStat(BFSharedConst::kMeanAbsErr)) + ", R-squared " +
+         ValueText(info.GetGOFStat(BFSharedConst::kRSqr)) + ", normalised BIC " +
+         ValueText(info.GetGOFStat(BFSharedConst::kNormBayesIC));
 }
 
-std::string ResidualsText(const TSFModel& model) {
+std::string ResidualsText(const EstimationInfo& info) {
   double statistic = 0;
   unsigned long lags = 0;
   unsigned long degreesOfFreedom = 0;
   double pValue = 0;
-  model.GetLBStat(statistic, lags, degreesOfFreedom, pValue);
+  info.GetLBStat(statistic, lags, degreesOfFreedom, pValue);
   if (statistic == MV::gMissingValue) return "too few for a Ljung-Box test";
   return "Ljung-Box Q(" + std::to_string(lags) + ") " + ValueText(statistic) + ", " +
          std::to_string(degreesOfFreedom) + " d.f., p " + ValueText(pValue);
@@ -129,22 +132,71 @@ std::string SeasonLines(const ESForecastState::SmState& smoothed) {
   return lines;
 }
 
+std::string EstimationLines(const FittedSeries& fitted) {
+  const EstimationInfo& info = EstimationOf(fitted);
+  return Line("fit", FitText(info)) + Line("residuals", ResidualsText(info));
+}
+
+std::string ReasonLine(const FittedSeries& fitted, bool chosen) {
+  return chosen ? Line("why", ReasonForChoice(fitted)) : "";
+}
+
+std::string SmoothingLines(const FittedSeries& fitted, const ESForecastState& state, bool chosen) {
+  std::string lines = Line("model", ModelText(fitted, state.GetESModelSpec()));
+  lines += ReasonLine(fitted, chosen);
+  lines += Line("weights", WeightsText(fitted.model));
+  lines += EstimationLines(fitted);
+  lines += Line("state", StateText(state));
+  if (fitted.kind->seasonal) lines += SeasonLines(state.GetSmState());
+  return lines;
+}
+
+std::string CrostonWeightsText(const TSFCrModelImp& model) {
+  constexpr const char* kNames[] = {"sizes", "intervals", "errors"};
+  std::vector<std::string> weights;
+  for (int i = 0; i < 3; ++i) {
+    const ESForecastState& state = model.GetForecastState(i);
+    const bool estimated = state.GetESModelSpec().GetParameterCount(false) > 0;
+    weights.push_back(std::string(kNames[i]) + " " +
+                      FixedText(state.GetParameterEstimates()[0], 4) + " (" +
+                      StdErrorText(state.GetParameterStdErrors()[0],
+                                   estimated ? "on its bound" : "not estimated") +
+                      ")");
+  }
+  return Joined(weights, ", ");
+}
+
+// What the levels come to: "a demand of 5.1 every 2.4 periods: 2.1 a period".
+std::string CrostonStateText(const FittedSeries& fitted) {
+  const TSFCrModelImp& model = *fitted.croston.GetImp();
+  const double rate = ForecastsOf(fitted, 1).value[0];
+  const double interval = model.GetForecastState(1).GetSmState().level;
+  return "a demand of " + ValueText(rate * interval) + " every " + ValueText(interval) +
+         " periods: " + ValueText(rate) + " a period; mean absolute error " +
+         ValueText(model.GetForecastState(2).GetSmState().level);
+}
+
+std::string CrostonLines(const FittedSeries& fitted, bool chosen) {
+  const TSFCrModelImp& model = *fitted.croston.GetImp();
+  const ZeroCount count = CountZeros(*fitted.series);
+  const ESModelSpec& sizes = model.GetForecastState(0).GetESModelSpec();
+  std::string lines =
+      Line("model", ModelText(fitted, sizes) + ", " + Count(count.cases - count.zeros, "demand"));
+  lines += ReasonLine(fitted, chosen);
+  lines += Line("weights", CrostonWeightsText(model));
+  lines += EstimationLines(fitted);
+  return lines + Line("state", CrostonStateText(fitted));
+}
+
 }  // namespace
 
 std::string SummaryText(const FittedSeries& fitted, bool chosen) {
+  const std::string text =
+      fitted.series->model_name + "\n" + Line("series", SeriesText(*fitted.series));
+  if (fitted.kind == &CrostonKind()) return text + CrostonLines(fitted, chosen);
   const auto* state =
       dynamic_cast<const ESForecastState*>(fitted.model.GetImp()->GetForecastState());
-  std::string text = fitted.series->model_name + "\n";
-  text += Line("series", SeriesText(*fitted.series));
-  if (state == nullptr) return text;
-  text += Line("model", ModelText(fitted, state->GetESModelSpec()));
-  if (chosen) text += Line("why", ReasonForChoice(fitted));
-  text += Line("weights", WeightsText(fitted.model));
-  text += Line("fit", FitText(fitted.model));
-  text += Line("residuals", ResidualsText(fitted.model));
-  text += Line("state", StateText(*state));
-  if (fitted.kind->seasonal) text += SeasonLines(state->GetSmState());
-  return text;
+  return state == nullptr ? text : text + SmoothingLines(fitted, *state, chosen);
 }
 
 std::string SummaryLine(const FittedSeries& fitted, bool chosen) {

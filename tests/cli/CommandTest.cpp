@@ -141,6 +141,146 @@ TEST(FitCommand, EverySeriesOfTheTestDataIsFitted) {
   }
 }
 
+// One demand of 6 in the third month: the levels are 6 and 3, the rate is 2 throughout. Absolute
+// errors 2, 2, 4, 2 at weight 0.1 leave a level of 2.18. The sum of their squares is 28.
+TEST(Croston, DocumentIsTheOneWorkedByHand) {
+  const Sandbox box;
+  box.Put("part.csv", "date,sold\n2000-01,0\n2000-02,0\n2000-03,6\n2000-04,0\n");
+  const Outcome outcome = box.Run("fit part.csv --model croston -o -");
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  test::ExpectWellFormed(outcome.out);
+  const std::size_t model = outcome.out.find("\t<CrostonModel");
+  ASSERT_NE(model, std::string::npos) << outcome.out;
+  test::ExpectGolden("cli/golden/croston.xml", outcome.out.substr(model));
+}
+TEST(Croston, TransformationIsToldAndTheSubmodelsAreThree) {
+  const Sandbox box;
+  box.PutData("intermittent_a.csv");
+  const auto document =
+      Parsed(box.Run("fit intermittent_a.csv --model croston --transform sqrt -o -").out);
+  EXPECT_EQ(Attributes(document, "//CrostonModel/Transformation/@function"), Strings{"squareRoot"});
+  EXPECT_EQ(document.select_nodes("//CrostonModel/*/ESSimple/StateLevel").size(), 3U);
+  EXPECT_EQ(Attributes(document, "//EstimationInfo/@periodLength"), Strings{"120"});
+  EXPECT_EQ(Attributes(document, "//EstimationInfo/@degreesOfFreedom"), Strings{"118"});
+}
+TEST(Croston, IsChosenForIntermittentDemandAndTheReasonTold) {
+  const Sandbox box;
+  box.PutData("intermittent_b.csv");
+  EXPECT_EQ(box.Run("fit intermittent_b.csv -o m.xml").out,
+            "intermittent_b: croston (intermittent demand: 135 of 150 cases are zero and none is "
+            "negative; not compared with smoothing)\nwrote m.xml (1 model)\n");
+}
+TEST(Croston, SummaryTellsWhatTheLevelsMean) {
+  const Sandbox box;
+  box.Put("part.csv", "date,sold\n2000-01,0\n2000-02,0\n2000-03,6\n2000-04,0\n");
+  const Strings lines = Lines(box.Run("fit part.csv").out);
+  ASSERT_EQ(lines.size(), 8U);
+  EXPECT_EQ(lines[2], "  model       Croston's method, 1 demand");
+  EXPECT_EQ(lines[3],
+            "  chosen for  intermittent demand: 3 of 4 cases are zero and none is negative; not "
+            "compared with smoothing");
+  EXPECT_EQ(lines[4],
+            "  weights     sizes 0.1000 (not estimated), intervals 0.1000 (not estimated), errors "
+            "0.1000 (not estimated)");
+  EXPECT_EQ(lines[6], "  residuals   too few for a Ljung-Box test");
+  EXPECT_EQ(lines[7],
+            "  state       a demand of 6 every 3 periods: 2 a period; mean absolute error 2.18");
+}
+TEST(Croston, ForecastsAreTheRateForEveryPeriod) {
+  const Sandbox box;
+  box.Put("part.csv", "date,sold\n2000-01,0\n2000-02,0\n2000-03,6\n2000-04,0\n");
+  const Strings lines = Lines(box.Run("fit part.csv --forecast 2").out);
+  ASSERT_EQ(lines.size(), 3U);
+  EXPECT_TRUE(lines[1].starts_with("part,2000-05,2,0,")) << lines[1];
+  EXPECT_TRUE(lines[2].starts_with("part,2000-06,2,0,")) << lines[2];
+}
+TEST(Croston, IsDrawn) {
+  const Sandbox box;
+  box.PutData("intermittent_a.csv");
+  EXPECT_EQ(box.Run("fit intermittent_a.csv --plot a.svg").status, 0);
+  test::ExpectWellFormed(box.Content("a.svg"));
+  EXPECT_NE(box.Content("a.svg").find("Croston's method</text>"), std::string::npos);
+}
+TEST(Croston, StandsBesideSmoothingInOneDocument) {
+  const Sandbox box;
+  box.PutData("seatbelts.csv");
+  const auto document = Parsed(box.Run("fit seatbelts.csv --variable kms --variable law -o -").out);
+  EXPECT_EQ(Attributes(document, "//CrostonModel/@variableID"), Strings{"law"});
+  EXPECT_EQ(Attributes(document, "//ExpSmoothingModel/@variableID"), Strings{"kms"});
+}
+
+// A constant series is fitted without error by a level that learns nothing.
+TEST(Pmml, DocumentIsTheOneWorkedByHand) {
+  const Sandbox box;
+  box.Put("sales.csv", "date,sold\n2000-01,5\n2000-02,5\n2000-03,5\n2000-04,5\n");
+  const Outcome outcome = box.Run("fit sales.csv --model simple --format pmml -o -");
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  test::ExpectWellFormed(outcome.out);
+  const std::size_t dictionary = outcome.out.find("\t<DataDictionary");
+  ASSERT_NE(dictionary, std::string::npos) << outcome.out;
+  test::ExpectGolden("cli/golden/simple.pmml", outcome.out.substr(dictionary));
+}
+TEST(Pmml, IsWrittenForEveryKindOfSmoothing) {
+  const Sandbox box;
+  box.PutData("airpassengers.csv");
+  for (const char* kind : {"simple", "simple-seasonal", "brown", "holt", "damped-trend",
+                           "winters-additive", "winters-multiplicative"}) {
+    const Outcome outcome =
+        box.Run("fit airpassengers.csv --format pmml -o - --model " + std::string(kind));
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    const auto document = Parsed(outcome.out);
+    EXPECT_EQ(document.select_nodes("/PMML/TimeSeriesModel/ExponentialSmoothing").size(), 1U);
+    EXPECT_EQ(document.select_nodes("//TimeValue").size(), 144U);
+    EXPECT_EQ(Attributes(document, "//DataField/@name"), (Strings{"value", "Month"}));
+  }
+}
+TEST(Pmml, ChoosesAmongKindsOfSmoothing) {
+  const Sandbox box;
+  box.PutData("nile.csv");
+  const Outcome outcome = box.Run("fit nile.csv --format pmml -o m.pmml");
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_NE(outcome.out.find("lowest normalised BIC of 4 kinds"), std::string::npos);
+  EXPECT_TRUE(Parsed(box.Content("m.pmml")).child("PMML"));
+}
+TEST(Pmml, RefusesWhatItHasNoPlaceForAndWritesNothing) {
+  const std::string end = ", so its readers would forecast wrongly; use --format tscxml";
+  const Sandbox box;
+  box.PutData("presidents.csv");
+  box.PutData("intermittent_a.csv");
+  box.PutData("nile.csv");
+  box.Put("m.pmml", "old");
+  EXPECT_EQ(Complaint(box, "fit nile.csv --model croston --format pmml -o m.pmml"),
+            "tsxport: --model croston: --format pmml has no place for it" + end);
+  EXPECT_EQ(Complaint(box, "fit nile.csv --transform log --format pmml -o m.pmml"),
+            "tsxport: --transform: --format pmml has no place for it" + end);
+  EXPECT_EQ(Complaint(box, "fit presidents.csv --format pmml -o m.pmml"),
+            "tsxport: presidents.csv:2:9: the value at 1945-Q1 is missing: --format pmml has no "
+            "place for that" +
+                end + " (series \"presidents\")");
+  EXPECT_EQ(Complaint(box, "fit intermittent_a.csv --format pmml -o m.pmml"),
+            "tsxport: intermittent_a.csv:2:9: 67 of 120 cases are zero and none is negative, which "
+            "asks for Croston's method: --format pmml has no place for it" +
+                end + " or name a --model (series \"intermittent_a\")");
+  EXPECT_EQ(box.Content("m.pmml"), "old");
+}
+TEST(Pmml, SkippedPeriodIsAMissingValueUnlessItIsAGap) {
+  const Sandbox box;
+  box.Put("sales.csv", "date,v\n2000-01,5\n2000-02,6\n2000-04,4\n2000-05,5\n2000-06,7\n");
+  EXPECT_EQ(Complaint(box, "fit sales.csv --format pmml"),
+            "tsxport: sales.csv: the value at 2000-03 is missing: --format pmml has no place for "
+            "that, so its readers would forecast wrongly; use --format tscxml (series \"sales\")");
+  const Outcome gap = box.Run("fit sales.csv --format pmml --gaps --model simple -o -");
+  EXPECT_EQ(gap.status, 0) << gap.err;
+  EXPECT_EQ(Parsed(gap.out).select_nodes("//TimeValue").size(), 5U);
+}
+TEST(Pmml, KindAskedForIsTakenForIntermittentDemandToo) {
+  const Sandbox box;
+  box.PutData("intermittent_a.csv");
+  const Outcome outcome = box.Run("fit intermittent_a.csv --format pmml --model simple -o -");
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_TRUE(Parsed(outcome.out).child("PMML"));
+}
+
 TEST(Variables, AllColumnsOfNumbersAreModelsOfOneCalendar) {
   const Sandbox box;
   box.PutData("seatbelts.csv");

@@ -104,6 +104,78 @@ TEST(ModelChoice, ReasonForALoneKind) {
   EXPECT_EQ(ReasonForChoice(fitted), "the only kind that goes with the series");
 }
 
+// A series of 10 cases, so many of them zero.
+std::vector<double> WithZeros(int zeros) {
+  std::vector<double> values;
+  for (int i = 0; i < 10; ++i) values.push_back(i < zeros ? 0 : 3 + i % 4);
+  return values;
+}
+
+TEST(Intermittent, ThreeTenthsOfZerosAreEnough) {
+  EXPECT_TRUE(CountZeros(Monthly(WithZeros(3))).intermittent);
+  EXPECT_FALSE(CountZeros(Monthly(WithZeros(2))).intermittent);
+}
+TEST(Intermittent, MissingCasesDoNotCount) {
+  std::vector<double> values = WithZeros(3);
+  values.push_back(5);
+  EXPECT_FALSE(CountZeros(Monthly(values)).intermittent);
+  Series series = Monthly(values);
+  series.values.back() = MV::gMissingValue;
+  const ZeroCount count = CountZeros(series);
+  EXPECT_TRUE(count.intermittent);
+  EXPECT_EQ(count.cases, 10U);
+  EXPECT_EQ(count.zeros, 3U);
+}
+TEST(Intermittent, NegativeCasesSpeakAgainstIt) {
+  std::vector<double> values = WithZeros(6);
+  values.back() = -1;
+  EXPECT_FALSE(CountZeros(Monthly(values)).intermittent);
+}
+TEST(Intermittent, ThereIsNoDemandWhereAllIsZero) {
+  const Series series = Monthly(WithZeros(10));
+  EXPECT_FALSE(CountZeros(series).intermittent);
+  EXPECT_STREQ(FitSeries(series, {}).kind->option, "simple");
+}
+TEST(Intermittent, GetsCrostonsMethodWithoutAComparison) {
+  const Series series = Monthly(WithZeros(4));
+  const FittedSeries fitted = FitSeries(series, {});
+  EXPECT_EQ(Tried(fitted), std::vector<std::string>{"croston"});
+  EXPECT_EQ(fitted.kind, &CrostonKind());
+  EXPECT_TRUE(fitted.model.IsEmpty());
+  EXPECT_EQ(ReasonForChoice(fitted),
+            "intermittent demand: 4 of 10 cases are zero and none is negative; not compared with "
+            "smoothing");
+}
+TEST(Intermittent, KindAskedForIsTaken) {
+  const Series series = Monthly(WithZeros(4));
+  EXPECT_EQ(Tried(FitSeries(series, {.kind = FindKind("holt")})), std::vector<std::string>{"holt"});
+  const Series busy = Monthly(WithZeros(0));
+  EXPECT_EQ(Tried(FitSeries(busy, {.kind = FindKind("croston")})),
+            std::vector<std::string>{"croston"});
+}
+TEST(Intermittent, SizesAreTransformedAlthoughZeroHasNoLogarithm) {
+  const Series series = Monthly(WithZeros(4));
+  const FittedSeries fitted = FitSeries(
+      series, {.kind = nullptr, .season_length = 0, .function_type = TSTransformation::kLogarithm});
+  ASSERT_EQ(fitted.kind, &CrostonKind());
+  EXPECT_EQ(fitted.croston.GetImp()->GetFunctionType(), TSTransformation::kLogarithm);
+}
+
+TEST(HopelessSeries, NegativeDemandIsBlamed) {
+  std::vector<double> values = WithZeros(4);
+  values[6] = -2;
+  const Series series = Monthly(values);
+  const FittedSeries fitted = FitSeries(series, {.kind = FindKind("croston")});
+  EXPECT_EQ(fitted.kind, nullptr);
+  EXPECT_EQ(fitted.fault, "-2: Croston's method needs values of at least 0");
+  EXPECT_EQ(fitted.fault_place, (Place{8, 9}));
+}
+TEST(HopelessSeries, NoDemandForCrostonsMethod) {
+  const Series series = Monthly(WithZeros(10));
+  const FittedSeries fitted = FitSeries(series, {.kind = FindKind("croston")});
+  EXPECT_EQ(fitted.fault, "the series has no demand: no value is above 0");
+  EXPECT_EQ(fitted.fault_place, (Place{2, 9}));
+}
 TEST(HopelessSeries, ValueThatHasNoLogarithmIsBlamed) {
   std::vector<double> values = Seasons(40, 100);
   values[7] = 0;

@@ -30,6 +30,7 @@ TEST(Options, DefaultsChooseAKindAndWriteNothing) {
   EXPECT_GE(options.jobs, 1U);
   EXPECT_EQ(options.output, "");
   EXPECT_EQ(options.plot, "");
+  EXPECT_EQ(options.format, DocumentFormat::kTscxml);
   EXPECT_FALSE(options.gaps);
   EXPECT_FALSE(options.first_case_day);
 }
@@ -74,6 +75,25 @@ TEST(Options, EveryKindHasItsName) {
       {"winters-multiplicative", ESModelSpec::kMultiplicativeWinters}};
   for (const auto& [name, kind] : kinds) EXPECT_EQ(Fit({"--model", name}).model.kind->kind, kind);
 }
+TEST(Options, CrostonIsAKindToo) {
+  EXPECT_EQ(Fit({"--model", "croston"}).model.kind, &CrostonKind());
+}
+TEST(Options, FormatIsTscxmlOrPmml) {
+  EXPECT_EQ(Fit({"--format", "tscxml"}).format, DocumentFormat::kTscxml);
+  EXPECT_EQ(Fit({"--format", "pmml"}).format, DocumentFormat::kPmml);
+  EXPECT_EQ(FitError({"--format", "xml"}), "--format: 'xml' is none of tscxml, pmml");
+}
+TEST(Options, PmmlHasNoPlaceForCrostonOrATransformation) {
+  EXPECT_EQ(FitError({"--format", "pmml", "--model", "croston"}),
+            "--model croston: --format pmml has no place for it, so its readers would forecast "
+            "wrongly; use --format tscxml");
+  for (const char* function : {"log", "sqrt"}) {
+    EXPECT_EQ(FitError({"--transform", function, "--format", "pmml"}),
+              "--transform: --format pmml has no place for it, so its readers would forecast "
+              "wrongly; use --format tscxml");
+  }
+  EXPECT_EQ(Fit({"--transform", "none", "--format", "pmml"}).format, DocumentFormat::kPmml);
+}
 TEST(Options, VariableDoesNotSwallowTheFile) {
   const auto invocation = ParseCommandLine({"fit", "--variable", "x", "a.csv"});
   EXPECT_EQ(invocation.fit->input, "a.csv");
@@ -95,7 +115,7 @@ TEST(OptionsError, CountsAreWholeNumbersWithinBounds) {
 TEST(OptionsError, UnknownValues) {
   EXPECT_EQ(FitError({"--model", "arima"}),
             "--model: 'arima' is none of auto, simple, brown, holt, damped-trend, simple-seasonal, "
-            "winters-additive, winters-multiplicative");
+            "winters-additive, winters-multiplicative, croston");
   EXPECT_EQ(FitError({"--transform", "cube"}), "--transform: 'cube' is none of none, log, sqrt");
 }
 TEST(OptionsError, UnknownOptionsAreNamed) {
