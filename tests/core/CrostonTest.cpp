@@ -7,13 +7,12 @@
 #include <limits>
 #include <numbers>
 #include <random>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include <tsffit/tsffit.h>
 
-#include "support/Golden.h"
+#include "TestSeries.h"
 
 namespace {
 
@@ -387,32 +386,11 @@ struct Reference {
 };
 
 std::vector<Reference> References() {
-  std::istringstream in(test::ReadTestFile("reference/croston.csv"));
-  std::vector<Reference> rows;
-  for (std::string line; std::getline(in, line);) {
-    if (line.starts_with('#') || line.starts_with("series,")) continue;
-    std::istringstream cells(line);
-    Reference row;
-    std::string weight;
-    std::string value;
-    std::getline(cells, row.series, ',');
-    std::getline(cells, row.quantity, ',');
-    std::getline(cells, weight, ',');
-    std::getline(cells, value, ',');
-    row.weight = std::stod(weight);
-    row.value = std::stod(value);
-    rows.push_back(row);
+  std::vector<Reference> references;
+  for (const auto& row : test::ReadRows("reference/croston.csv")) {
+    references.push_back({row.at(0), row.at(1), std::stod(row.at(2)), std::stod(row.at(3))});
   }
-  return rows;
-}
-
-Values Column(const std::string& file) {
-  std::istringstream in(test::ReadTestFile("data/" + file));
-  Values values;
-  std::string line;
-  std::getline(in, line);
-  while (std::getline(in, line)) values.push_back(std::stod(line.substr(line.find(',') + 1)));
-  return values;
+  return references;
 }
 
 // The sum of the one-step forecasts after the first demand.
@@ -429,7 +407,7 @@ TEST(CrostonReference, FixedWeightsGiveTheLevelsOfR) {
   int compared = 0;
   for (const Reference& row : References()) {
     if (row.quantity.ends_with("_sse")) continue;
-    const Values series = Column(row.series + ".csv");
+    const Values series = test::DataColumn(row.series + ".csv");
     const CrostonFit fit = FitCroston(series, Weights(row.weight));
     double actual = Level(fit, 2);
     if (row.quantity == "size_level") actual = Level(fit, 0);
@@ -448,7 +426,7 @@ TEST(CrostonReference, EstimatedWeightsReachTheSumsOfSquaresOfR) {
     if (!row.quantity.ends_with("_sse")) continue;
     CrostonOptions options;
     if (row.quantity == "errors_sse") options.size_weight = options.interval_weight = 0.1;
-    const auto summary = FitCroston(Column(row.series + ".csv"), options).summary;
+    const auto summary = FitCroston(test::DataColumn(row.series + ".csv"), options).summary;
     tsffit::CrostonSubmodel actual = summary.errors;
     if (row.quantity == "sizes_sse") actual = summary.sizes;
     if (row.quantity == "intervals_sse") actual = summary.intervals;

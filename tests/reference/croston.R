@@ -39,7 +39,6 @@ absolute.errors <- function(x, weight) {
   abs(x - fitted)
 }
 
-cat(sprintf("# %s, forecast %s\n", R.version.string, packageVersion("forecast")))
 cat("series,quantity,weight,value\n")
 for (file in commandArgs(trailingOnly = TRUE)) {
   name <- sub("\\.csv$", "", basename(file))

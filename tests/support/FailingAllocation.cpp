@@ -11,10 +11,12 @@ namespace {
 thread_local long failFrom = 0;
 thread_local long allocations = 0;
 thread_local long failures = 0;
+thread_local std::size_t allocatedBytes = 0;
 thread_local long liveBlocks = 0;
 
 void* Allocate(std::size_t size, std::size_t alignment) {
   ++allocations;
+  allocatedBytes += size;
   if (failFrom > 0 && allocations >= failFrom) {
     ++failures;
     throw std::bad_alloc();
@@ -41,12 +43,14 @@ namespace test {
 long FailAllocationsFrom(long n) {
   allocations = 0;
   failures = 0;
+  allocatedBytes = 0;
   return std::exchange(failFrom, n);
 }
 
 long AllocationCount() { return allocations; }
 long LiveBlocks() { return liveBlocks; }
 long FailureCount() { return failures; }
+std::size_t AllocatedBytes() { return allocatedBytes; }
 
 }  // namespace test
 
@@ -66,6 +70,8 @@ namespace test {
 long FailAllocationsFrom(long /*n*/) { return 0; }
 long AllocationCount() { return 0; }
 long LiveBlocks() { return 0; }
+long FailureCount() { return 0; }
+std::size_t AllocatedBytes() { return 0; }
 
 }  // namespace test
 

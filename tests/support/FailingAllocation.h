@@ -1,6 +1,7 @@
 #ifndef TSXPORT_TESTS_SUPPORT_FAILINGALLOCATION_H_
 #define TSXPORT_TESTS_SUPPORT_FAILINGALLOCATION_H_
 
+#include <cstddef>
 #include <gtest/gtest.h>
 #include <new>
 
@@ -28,6 +29,9 @@ long FailAllocationsFrom(long n);
 // thread that are alive (allocated here minus freed here, since the program began).
 long AllocationCount();
 long LiveBlocks();
+
+// Bytes that those allocations asked for.
+std::size_t AllocatedBytes();
 
 // Allocations of this thread that were made to fail since FailAllocationsFrom() was last called.
 long FailureCount();
