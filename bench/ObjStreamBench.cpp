@@ -1,10 +1,8 @@
 // Writes and reads object streams of 1,000,000 values of each type: with the library and with the
 // literal version of its algorithms. Both read the same file, which the system has in memory, and
 // write into memory that was touched before. First the results are compared; after the table come
-// the ratios of this run for each type, between medians. --benchmark_repetitions=5 gives medians
-// that hold still.
+// the ratios of this run for each type, each between medians.
 
-#include <algorithm>
 #include <benchmark/benchmark.h>
 #include <cstdio>
 #include <cstdlib>
@@ -203,43 +201,51 @@ bool RegisterXmluType(const Data<T>& data) {
   return RegisterRead<OurXmluReader, LiteralXmluReader>("xmlu/", data);
 }
 
-// Prints the usual table and keeps the times.
+// Prints the usual table and keeps the medians.
 class RatioReporter : public benchmark::ConsoleReporter {
  public:
   void ReportRuns(const std::vector<Run>& runs) override {
     ConsoleReporter::ReportRuns(runs);
     for (const Run& run : runs) {
-      if (run.run_type == Run::RT_Iteration && !run.error_occurred) {
-        times_[run.run_name.function_name].push_back(run.GetAdjustedCPUTime());
+      if (run.aggregate_name == "median") {
+        medians_[run.run_name.function_name] = run.GetAdjustedCPUTime();
       }
     }
   }
 
   void PrintRatios() {
     const std::string ending = "/ours";
-    for (const auto& [name, times] : times_) {
+    for (const auto& [name, median] : medians_) {
       if (!name.ends_with(ending)) continue;
       const std::string what = name.substr(0, name.size() - ending.size());
-      const auto literal = times_.find(what + "/literal");
-      if (literal == times_.end()) continue;
+      const auto literal = medians_.find(what + "/literal");
+      if (literal == medians_.end()) continue;
       std::printf("%-15s %5.2f times as fast as the literal version\n", what.c_str(),
-                  Median(literal->second) / Median(times));
+                  literal->second / median);
     }
   }
 
  private:
-  static double Median(std::vector<double> times) {
-    const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
-    std::nth_element(times.begin(), middle, times.end());
-    return *middle;
-  }
-
-  std::map<std::string, std::vector<double>> times_;
+  std::map<std::string, double> medians_;
 };
 
+// Repetitions in turns, so that both versions share what the machine does meanwhile. The command
+// line comes later and may say otherwise.
+std::vector<char*> WithDefaults(int argc, char** argv) {
+  static char turns[] = "--benchmark_enable_random_interleaving=true";
+  static char aggregates[] = "--benchmark_display_aggregates_only=true";
+  static char repetitions[] = "--benchmark_repetitions=7";
+  static char time[] = "--benchmark_min_time=0.1";
+  std::vector<char*> arguments = {argv[0], turns, aggregates, repetitions, time};
+  arguments.insert(arguments.end(), argv + 1, argv + argc);
+  return arguments;
+}
+
 int Main(int argc, char** argv) {
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return EXIT_FAILURE;
+  std::vector<char*> arguments = WithDefaults(argc, argv);
+  argc = static_cast<int>(arguments.size());
+  benchmark::Initialize(&argc, arguments.data());
+  if (benchmark::ReportUnrecognizedArguments(argc, arguments.data())) return EXIT_FAILURE;
   Sink sink;
   const Data<Flag> bools("bool");
   const Data<int> ints("int");
