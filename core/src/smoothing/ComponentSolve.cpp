@@ -74,12 +74,13 @@ Sensitivities AtStart(const SmoothingProblem& problem) {
   return d;
 }
 
-template <bool kTrend, Season kSeason>
+template <bool kTrend>
 void Line(const Gains& g, Sensitivities& d) {
-  d.line = d.level;
   if constexpr (kTrend) {
-    d.trend *= g.damping;
-    d.line += d.trend;
+    if (g.damping != 1) d.trend *= g.damping;
+    d.line = d.level + d.trend;
+  } else {
+    d.line = d.level;
   }
 }
 
@@ -120,7 +121,7 @@ VectorXd GaussNewtonStep(const SmoothingProblem& problem, std::span<const double
     const double q = OneStep::TrendLine(c, g);
     const double s = kSeason == Season::kNone ? 0 : c.season[position];
     if (!OneStep::Allows(q, s)) return {};
-    Line<kTrend, kSeason>(g, d);
+    Line<kTrend>(g, d);
     if (y == MV::gMissingValue) {
       d.level = d.line;
       OneStep::Pass(c, g, q);

@@ -55,10 +55,10 @@ struct Step {
   static void Correct(Components& c, const Gains& g, std::size_t position, double q, double y) {
     if constexpr (kSeason == Season::kMultiplicative) {
       const double s = c.season[position];
-      const double correction = y / s - q;
+      const double correction = y * (1 / s) - q;
       c.level = q + g.level * correction;
       c.trend += g.trend * correction;
-      c.season[position] = s + g.season * (y / q - s);
+      c.season[position] = s + g.season * (y * (1 / q) - s);
     } else {
       const double e = y - Forecast(q, kSeason == Season::kNone ? 0 : c.season[position]);
       c.level = q + g.level * e;

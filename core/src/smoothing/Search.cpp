@@ -26,7 +26,7 @@ struct Effort {
 
 // Enough where the surface has one basin of note. When the best point of the first round is not
 // reached from a second start, there are several and the second round tries all starts for long.
-constexpr Effort kFirstRound = {.followed = 12, .short_run = 25, .finished = 4};
+constexpr Effort kFirstRound = {.followed = 10, .short_run = 22, .finished = 3};
 constexpr Effort kSecondRound = {.followed = 200, .short_run = 300, .finished = 8};
 constexpr Effort kLongSeries = {.followed = 6, .short_run = 25, .finished = 2};
 constexpr int kLongRun = 1000;
