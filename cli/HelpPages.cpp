@@ -22,7 +22,8 @@ Exit status: 0 all done, 1 an output could not be written, 2 the command line or
 the input is wrong and nothing was written, 3 some series could not be fitted.
 )";
 
-const char kFitIntroduction[] = "Fits exponential smoothing or Croston's method to the series of a CSV table.";
+const char kFitIntroduction[] =
+    "Fits exponential smoothing or Croston's method to the series of a CSV table.";
 
 const char kFitFooter[] =
     R"(The table:
