@@ -128,7 +128,8 @@ class TSX_EXPORT TSXDateSpec {
   // offset is 0. Where it lies w >= 1 steps after the first case so far, gaps up to and including w
   // are dropped and the others lowered by w, so that they stay where they were; where it does not,
   // gaps keep their offsets. (A tuple of no specification has its index as its offset, so that w
-  // is then counted from 0 and not from the first case.) 40208: the tuple is not valid here, or its number is beyond LONG_MAX.
+  // is then counted from 0 and not from the first case.) 40208: the tuple is not valid here, or its
+  // number is beyond LONG_MAX.
   MCTime::MCStatus SetFirstCaseIndex(const TSXIndexTuple& tuple);
   TSXIndexTuple FirstCaseIndex() const;
 
