@@ -177,7 +177,7 @@ TEST(Croston, SummaryTellsWhatTheLevelsMean) {
   ASSERT_EQ(lines.size(), 8U);
   EXPECT_EQ(lines[2], "  model       Croston's method, 1 demand");
   EXPECT_EQ(lines[3],
-            "  chosen for  intermittent demand: 3 of 4 cases are zero and none is negative; not "
+            "  why         intermittent demand: 3 of 4 cases are zero and none is negative; not "
             "compared with smoothing");
   EXPECT_EQ(lines[4],
             "  weights     sizes 0.1000 (not estimated), intervals 0.1000 (not estimated), errors "
