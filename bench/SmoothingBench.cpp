@@ -25,7 +25,7 @@ void Fit(benchmark::State& state, int kind) {
   options.kind = kind;
   options.season_length = 12;
   double sse = 0;
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     const tsffit::SmoothingFit fit = tsffit::FitSmoothing(kPassengers, options);
     if (fit.status != tsffit::FitStatus::kOk) {
       state.SkipWithError(fit.message.c_str());
@@ -54,7 +54,7 @@ void Forecast(benchmark::State& state) {
   options.kind = ESModelSpec::kMultiplicativeWinters;
   options.season_length = 12;
   const tsffit::SmoothingFit fit = tsffit::FitSmoothing(kPassengers, options);
-  for (auto _ : state) benchmark::DoNotOptimize(tsffit::Forecast(fit.model, 24));
+  while (state.KeepRunning()) benchmark::DoNotOptimize(tsffit::Forecast(fit.model, 24));
 }
 BENCHMARK(Forecast)->Unit(benchmark::kMicrosecond);
 

@@ -45,8 +45,7 @@ TEST(ReferenceCount, CopyStartsWithoutReferences) {
   int deaths = 0;
   Counted original(deaths);
   original.addReference();
-  const Counted copy(original);
-  EXPECT_EQ(copy.referenceCount(), 0);
+  EXPECT_EQ(Counted(original).referenceCount(), 0);
 }
 
 TEST(SmoothingSpec, WeightsStandInTheOrderLevelTrendSeasonDamping) {

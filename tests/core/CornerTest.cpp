@@ -7,6 +7,7 @@
 #include <tsfcore/tsfcore.h>
 
 #include "TestSeries.h"
+#include "support/FailingAllocation.h"
 
 namespace {
 
@@ -246,6 +247,17 @@ TEST(Corner, SoundWhateverTheSeries) {
   for (std::size_t i = 0; i < all.size(); ++i) {
     SCOPED_TRACE("series " + std::to_string(i));
     ExpectSoundForEveryKind(all[i]);
+  }
+}
+
+TEST(Corner, MemoryExhaustionPassesThroughAndLeavesNothing) {
+  const auto series =
+      Generate(20, [](std::size_t t) { return 20 + test::Noise(t) + static_cast<double>(t % 4); });
+  for (const int kind : {ESModelSpec::kSimple, ESModelSpec::kMultiplicativeWinters}) {
+    test::WithEveryAllocationFailing([&] {
+      const tsffit::SmoothingFit fit = Fit(series, kind);
+      const tsffit::Forecasts forecasts = tsffit::Forecast(fit.model, 4);
+    });
   }
 }
 

@@ -160,6 +160,7 @@ TEST(FitInvariance, EveryThreadGetsTheSameBytes) {
   const auto once = Fit(series, ESModelSpec::kMultiplicativeWinters, 12);
   std::vector<tsffit::SmoothingFit> fits(4);
   std::vector<std::thread> threads;
+  threads.reserve(fits.size());
   for (auto& fit : fits) {
     threads.emplace_back([&] { fit = Fit(series, ESModelSpec::kMultiplicativeWinters, 12); });
   }

@@ -41,23 +41,28 @@ class AgainstEts : public testing::TestWithParam<Run> {
     return {.level = row[0], .trend = row[1], .season = {row.begin() + 2, row.end()}};
   }
 
+  ESForecastState::SmState FinalState() const {
+    const auto& row = expected_.at("final");
+    ESForecastState::SmState state;
+    state.level = row[0];
+    state.trend = row[1];
+    if (kind_ == ESModelSpec::kBrown) state.level -= row[1] * (1 - 0.45) / 0.45;
+    state.season.resize(row.size() - 2);
+    std::copy(row.begin() + 2, row.end(), std::begin(state.season));
+    if (state.season.size() > 0) state.phase = GetParam().cases % state.season.size();
+    return state;
+  }
+
   // The model as a fit would have left it, its one-step error variance 1.
   TSFModel Model() const {
-    const Components final = FromRow(expected_.at("final"));
-    ESForecastState::SmState state{.level = final.level, .trend = final.trend};
-    if (kind_ == ESModelSpec::kBrown) state.level -= final.trend * (1 - 0.45) / 0.45;
-    if (!final.season.empty()) {
-      state.season = std::valarray<double>(final.season.data(), final.season.size());
-      state.phase = GetParam().cases % final.season.size();
-    }
+    ESForecastState::Fields state;
+    state.spec = ESModelSpec(ESModelSpec::ForKind(kind_, GetParam().season_length));
+    state.estimates = std::valarray<double>(weights_.data(), weights_.size());
+    state.smoothed = FinalState();
     EstimationInfo::Fields info;
     info.error_variance = 1;
     TSFModelImp::Fields fields;
-    fields.state = std::make_unique<ESForecastState>(ESForecastState::Fields{
-        .spec = ESModelSpec(ESModelSpec::ForKind(kind_, GetParam().season_length)),
-        .estimates = std::valarray<double>(weights_.data(), weights_.size()),
-        .std_errors = {},
-        .smoothed = state});
+    fields.state = std::make_unique<ESForecastState>(std::move(state));
     fields.info = EstimationInfo(info);
     return TSFModel(new TSFModelImp(std::move(fields)));
   }

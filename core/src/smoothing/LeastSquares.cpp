@@ -22,8 +22,8 @@ SmoothingProblem::SmoothingProblem(const KindTraits& traits, std::span<const dou
       season_length_(seasonLength),
       layout_(LayoutOf(traits, seasonLength)),
       path_(series.size()),
-      season_adjoint_(traits.season == Season::kNone ? 0 : seasonLength) {
-  components_.season.resize(season_adjoint_.size());
+      season_bar_(traits.season == Season::kNone ? 0 : seasonLength) {
+  components_.season.resize(season_bar_.size());
 }
 
 std::vector<double> SmoothingProblem::Pack(std::span<const double> weights,
@@ -98,83 +98,79 @@ double SmoothingProblem::Forward(const Gains& gains) {
   return inside ? sse : std::numeric_limits<double>::infinity();
 }
 
-// Each bar is the derivative of half the sum of squares by the variable it stands for. Returns the
-// derivatives by the gains; those by the starting components go to `gradient`.
+// One step of the adjoint recursion: from the derivatives by the components after a case to those
+// by the components before it.
 template <bool kTrend, Season kSeason>
-Gains SmoothingProblem::Backward(const Gains& gains, std::span<double> gradient) {
-  Gains gainBar{.level = 0, .trend = 0, .season = 0, .damping = 0};
-  double levelBar = 0;
-  double trendBar = 0;
-  std::fill(season_adjoint_.begin(), season_adjoint_.end(), 0.0);
-  std::size_t position = kSeason == Season::kNone ? 0 : series_.size() % season_length_;
-  for (std::size_t t = series_.size(); t-- > 0;) {
-    const Moment& now = path_[t];
-    if constexpr (kSeason != Season::kNone) {
-      position = (position == 0 ? season_length_ : position) - 1;
-    }
-    const bool seen = series_[t] != MV::gMissingValue;
-    double lineBar = levelBar;
-    if constexpr (kSeason == Season::kMultiplicative) {
-      // r = e / S corrects level and trend, u = e / q the season; forecast q S.
-      double& seasonBar = season_adjoint_[position];
-      const double r = now.error * now.per_season;
-      const double u = now.error * now.per_line;
-      gainBar.level += levelBar * r;
-      gainBar.trend += trendBar * r;
-      gainBar.season += seasonBar * u;
-      if (seen) {
-        const double rBar = (gains.level * levelBar + gains.trend * trendBar) * now.per_season;
-        const double uBar = gains.season * seasonBar * now.per_line;
-        const double errorBar = now.error + rBar + uBar;
-        lineBar -= uBar * u + errorBar * now.season;
-        seasonBar -= rBar * r + errorBar * now.line;
-      }
+void SmoothingProblem::Unstep(const Gains& gains, const Moment& now, bool seen, double& seasonBar,
+                              Bars& bars) {
+  // r = e / S corrects level and trend of a multiplicative model, u = e / q the season.
+  constexpr bool kRatios = kSeason == Season::kMultiplicative;
+  const double r = kRatios ? now.error * now.per_season : now.error;
+  const double u = kRatios ? now.error * now.per_line : now.error;
+  bars.gains.level += bars.level * r;
+  if constexpr (kTrend) bars.gains.trend += bars.trend * r;
+  if constexpr (kSeason != Season::kNone) bars.gains.season += seasonBar * u;
+
+  double lineBar = bars.level;
+  if (seen) {
+    double rBar = gains.level * bars.level;
+    if constexpr (kTrend) rBar += gains.trend * bars.trend;
+    double uBar = 0;
+    if constexpr (kSeason != Season::kNone) uBar = gains.season * seasonBar;
+    if constexpr (kRatios) {
+      rBar *= now.per_season;
+      uBar *= now.per_line;
+      const double errorBar = now.error + rBar + uBar;
+      lineBar -= uBar * u + errorBar * now.season;
+      seasonBar -= rBar * r + errorBar * now.line;
     } else {
-      double* seasonBar = kSeason == Season::kNone ? nullptr : &season_adjoint_[position];
-      gainBar.level += levelBar * now.error;
-      if constexpr (kTrend) gainBar.trend += trendBar * now.error;
-      if constexpr (kSeason == Season::kAdditive) gainBar.season += *seasonBar * now.error;
-      if (seen) {
-        double errorBar = now.error + gains.level * levelBar;
-        if constexpr (kTrend) errorBar += gains.trend * trendBar;
-        if constexpr (kSeason == Season::kAdditive) {
-          errorBar += gains.season * *seasonBar;
-          *seasonBar -= errorBar;
-        }
-        lineBar -= errorBar;
-      }
-    }
-    levelBar = lineBar;
-    if constexpr (kTrend) {
-      gainBar.damping += (trendBar + lineBar) * now.trend;
-      trendBar = (trendBar + lineBar) * gains.damping;
+      const double errorBar = now.error + rBar + uBar;
+      lineBar -= errorBar;
+      if constexpr (kSeason == Season::kAdditive) seasonBar -= errorBar;
     }
   }
-  gradient[layout_.level] = levelBar;
-  if constexpr (kTrend) gradient[layout_.trend] = trendBar;
-  std::copy(season_adjoint_.begin(), season_adjoint_.end(),
-            gradient.begin() + static_cast<std::ptrdiff_t>(layout_.season));
-  return gainBar;
+  bars.level = lineBar;
+  if constexpr (kTrend) {
+    bars.gains.damping += (bars.trend + lineBar) * now.trend;
+    bars.trend = (bars.trend + lineBar) * gains.damping;
+  }
+}
+
+template <bool kTrend, Season kSeason>
+SmoothingProblem::Bars SmoothingProblem::Backward(const Gains& gains) {
+  Bars bars;
+  double none = 0;
+  std::fill(season_bar_.begin(), season_bar_.end(), 0.0);
+  std::size_t position = kSeason == Season::kNone ? 0 : series_.size() % season_length_;
+  for (std::size_t t = series_.size(); t-- > 0;) {
+    if (kSeason != Season::kNone) position = (position == 0 ? season_length_ : position) - 1;
+    double& seasonBar = kSeason == Season::kNone ? none : season_bar_[position];
+    Unstep<kTrend, kSeason>(gains, path_[t], series_[t] != MV::gMissingValue, seasonBar, bars);
+  }
+  return bars;
 }
 
 double SmoothingProblem::Sse(std::span<const double> parameters, std::span<double> gradient) {
   LoadStart(parameters);
   const Gains gains = GainsAt(parameters);
   double sse = 0;
-  const Gains gainBar = ForShape(traits_, [&]<bool kTrend, Season kSeason>() {
+  const Bars bars = ForShape(traits_, [&]<bool kTrend, Season kSeason>() {
     sse = Forward<kTrend, kSeason>(gains);
-    return std::isfinite(sse) ? Backward<kTrend, kSeason>(gains, gradient) : Gains{};
+    return std::isfinite(sse) ? Backward<kTrend, kSeason>(gains) : Bars{};
   });
-  if (!std::isfinite(sse)) {
-    std::fill(gradient.begin(), gradient.end(), 0.0);
-    return std::numeric_limits<double>::infinity();
-  }
+  std::fill(gradient.begin(), gradient.end(), 0.0);
+  if (!std::isfinite(sse)) return std::numeric_limits<double>::infinity();
+
   for (std::size_t w = 0; w < WeightCount(); ++w) {
     const Gains slope = GainSlopes(traits_, parameters.first(WeightCount()), static_cast<int>(w));
-    gradient[w] = gainBar.level * slope.level + gainBar.trend * slope.trend +
-                  gainBar.season * slope.season + gainBar.damping * slope.damping;
+    gradient[w] = 2 * (bars.gains.level * slope.level + bars.gains.trend * slope.trend +
+                       bars.gains.season * slope.season + bars.gains.damping * slope.damping);
   }
-  for (double& derivative : gradient) derivative *= 2;
+  gradient[layout_.level] = 2 * bars.level;
+  if (traits_.trend) gradient[layout_.trend] = 2 * bars.trend;
+  for (std::size_t j = 0; j < season_bar_.size(); ++j) {
+    gradient[layout_.season + j] = 2 * season_bar_[j];
+  }
   return sse;
 }
 

@@ -59,10 +59,21 @@ class SmoothingProblem {
     double error = 0;  // 0 for a missing case
   };
 
+  // Derivatives of half the sum of squares by level, trend and gains; those by the seasonal values
+  // are in season_bar_.
+  struct Bars {
+    double level = 0;
+    double trend = 0;
+    Gains gains{.level = 0, .trend = 0, .season = 0, .damping = 0};
+  };
+
   template <bool kTrend, Season kSeason>
   double Forward(const Gains& gains);
   template <bool kTrend, Season kSeason>
-  Gains Backward(const Gains& gains, std::span<double> gradient);
+  Bars Backward(const Gains& gains);
+  template <bool kTrend, Season kSeason>
+  static void Unstep(const Gains& gains, const Moment& now, bool seen, double& seasonBar,
+                     Bars& bars);
   void LoadStart(std::span<const double> parameters);
 
   KindTraits traits_;
@@ -71,7 +82,7 @@ class SmoothingProblem {
   ParameterLayout layout_;
   Components components_;
   std::vector<Moment> path_;
-  std::vector<double> season_adjoint_;
+  std::vector<double> season_bar_;
 };
 
 }  // namespace tsffit

@@ -13,6 +13,7 @@ namespace {
 
 struct Candidate {
   std::vector<double> parameters;
+  std::size_t start = 0;  // number of the starting point
   double sse = 0;
   int evaluations = 0;
 };
@@ -42,9 +43,11 @@ constexpr std::size_t kManyComponents = 100;
 
 bool CanSolve(const SmoothingProblem& problem) { return problem.Layout().size <= kManyComponents; }
 
+// Equal sums stand in the order of their starts.
 void SortBySse(std::vector<Candidate>& candidates) {
-  std::stable_sort(candidates.begin(), candidates.end(),
-                   [](const auto& a, const auto& b) { return a.sse < b.sse; });
+  std::sort(candidates.begin(), candidates.end(), [](const Candidate& a, const Candidate& b) {
+    return a.sse < b.sse || (a.sse == b.sse && a.start < b.start);
+  });
 }
 
 void Follow(SmoothingProblem& problem, const MinimiseOptions& options, Candidate& candidate) {
@@ -95,7 +98,7 @@ std::vector<Candidate> Spread(SmoothingProblem& problem, double exactSse) {
   const Components rough = RoughStart(problem);
   std::vector<Candidate> candidates;
   for (const auto& weights : SpreadWeights(problem.Traits())) {
-    Candidate candidate{PackInside(problem, weights, rough)};
+    Candidate candidate{PackInside(problem, weights, rough), candidates.size()};
     candidate.sse = SolveStart(problem, candidate.parameters);
     candidates.push_back(std::move(candidate));
     if (candidates.back().sse <= exactSse) break;
@@ -109,7 +112,7 @@ void AddFlat(SmoothingProblem& problem, std::vector<Candidate>& candidates) {
   if (problem.Traits().season != Season::kMultiplicative) return;
   const Components flat = Flat(RoughStart(problem));
   for (const auto& weights : SpreadWeights(problem.Traits())) {
-    Candidate candidate{problem.Pack(weights, flat)};
+    Candidate candidate{problem.Pack(weights, flat), candidates.size()};
     candidate.sse = problem.Sse(candidate.parameters);
     candidates.push_back(std::move(candidate));
   }

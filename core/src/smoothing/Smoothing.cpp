@@ -113,24 +113,34 @@ class Fitter {
                    .starts = found.starts,
                    .converged = found.converged};
     fit.fitted = FittedOnOriginalScale(replay.forecasts);
-
-    const std::size_t weights = problem.WeightCount();
-    std::vector<double> stdErrors(weights, MV::gMissingValue);
-    if (!exact) stdErrors = WeightStdErrors(problem, found.parameters);
-    auto state = std::make_unique<ESForecastState>(ESForecastState::Fields{
-        .spec = ESModelSpec(
-            ESModelSpec::ForKind(options_.kind, options_.season_length, options_.function_type)),
-        .estimates = std::valarray<double>(found.parameters.data(), weights),
-        .std_errors = std::valarray<double>(stdErrors.data(), stdErrors.size()),
-        .smoothed = Exported(traits_, replay.final, found.parameters[0], observed_.size())});
-    TSFModelImp::Fields model;
-    model.state = std::move(state);
-    model.info = EstimationInfo(Statistics(replay.forecasts, fit.fitted));
-    model.history = std::valarray<double>(series_.data(), series_.size());
-    fit.model = TSFModel(new TSFModelImp(std::move(model)));
+    const std::vector<double> errors =
+        exact ? std::vector<double>(problem.WeightCount(), MV::gMissingValue)
+              : WeightStdErrors(problem, found.parameters);
+    fit.model = Model(State(found.parameters, errors, replay.final),
+                      EstimationInfo(Statistics(replay.forecasts, fit.fitted)));
   }
 
  private:
+  ESForecastState::Fields State(const std::vector<double>& parameters,
+                                const std::vector<double>& stdErrors,
+                                const Components& final) const {
+    ESForecastState::Fields state;
+    state.spec = ESModelSpec(
+        ESModelSpec::ForKind(options_.kind, options_.season_length, options_.function_type));
+    state.estimates = std::valarray<double>(parameters.data(), stdErrors.size());
+    state.std_errors = std::valarray<double>(stdErrors.data(), stdErrors.size());
+    state.smoothed = Exported(traits_, final, parameters[0], observed_.size());
+    return state;
+  }
+
+  TSFModel Model(ESForecastState::Fields state, const EstimationInfo& info) const {
+    TSFModelImp::Fields model;
+    model.state = std::make_unique<ESForecastState>(std::move(state));
+    model.info = info;
+    model.history = std::valarray<double>(series_.data(), series_.size());
+    return TSFModel(new TSFModelImp(std::move(model)));
+  }
+
   void TakeObserved(std::vector<double>& forecasts) const {
     for (std::size_t t = 0; t < forecasts.size(); ++t) {
       if (modelled_[t] != MV::gMissingValue) forecasts[t] = modelled_[t];

@@ -67,37 +67,40 @@ double StationaryRSquared(const FittedSeries& fit, const Differencing& differenc
   return CountSeen(w) > 1 ? ExplainedShare(residual, SumAboutMean(w)) : MV::gMissingValue;
 }
 
+// Sums and extremes of absolute errors.
+struct ErrorSizes {
+  double squares = 0;
+  double sum = 0;
+  double largest = 0;
+  double count = 0;
+  void Take(double e) {
+    squares += e * e;
+    sum += e;
+    largest = std::max(largest, e);
+    count += 1;
+  }
+};
+
 // The statistics that are averages and extremes of errors on the original scale.
 void AddErrorMeasures(const FittedSeries& fit, double freedom,
                       EstimationInfo::Statistics& statistics) {
-  double squares = 0;
-  double absolute = 0;
-  double largest = 0;
-  double percent = 0;
-  double largestPercent = 0;
-  double count = 0;
-  double percentCount = 0;
+  ErrorSizes errors;
+  ErrorSizes percent;
   for (std::size_t t = 0; t < fit.observed.size(); ++t) {
     const double y = fit.observed[t];
     if (!Seen(y)) continue;
     const double e = std::abs(y - fit.fitted[t]);
-    squares += e * e;
-    absolute += e;
-    largest = std::max(largest, e);
-    count += 1;
-    if (y == 0) continue;
-    percent += 100 * std::abs(e / y);
-    largestPercent = std::max(largestPercent, 100 * std::abs(e / y));
-    percentCount += 1;
+    errors.Take(e);
+    if (y != 0) percent.Take(100 * std::abs(e / y));
   }
-  statistics[BFSharedConst::kMeanSqrErr] = Defined(squares / freedom);
-  statistics[BFSharedConst::kRootMeanSqrErr] = Defined(std::sqrt(squares / freedom));
-  statistics[BFSharedConst::kMeanAbsErr] = Defined(absolute / count);
-  statistics[BFSharedConst::kMaxAbsErr] = Defined(largest);
-  statistics[BFSharedConst::kRSqr] = ExplainedShare(squares, SumAboutMean(fit.observed));
-  if (percentCount == 0) return;
-  statistics[BFSharedConst::kMeanAbsPctErr] = Defined(percent / percentCount);
-  statistics[BFSharedConst::kMaxAbsPctErr] = Defined(largestPercent);
+  statistics[BFSharedConst::kMeanSqrErr] = Defined(errors.squares / freedom);
+  statistics[BFSharedConst::kRootMeanSqrErr] = Defined(std::sqrt(errors.squares / freedom));
+  statistics[BFSharedConst::kMeanAbsErr] = Defined(errors.sum / errors.count);
+  statistics[BFSharedConst::kMaxAbsErr] = Defined(errors.largest);
+  statistics[BFSharedConst::kRSqr] = ExplainedShare(errors.squares, SumAboutMean(fit.observed));
+  if (percent.count == 0) return;
+  statistics[BFSharedConst::kMeanAbsPctErr] = Defined(percent.sum / percent.count);
+  statistics[BFSharedConst::kMaxAbsPctErr] = Defined(percent.largest);
 }
 
 // The statistics that stand on logarithms of sums of squares.
