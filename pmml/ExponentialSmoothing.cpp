@@ -100,7 +100,7 @@ ElementPtr MakeSeasonality(const Walk& walk, double delta) {
   } else if (walk.kind == ESModelSpec::kMultiplicativeWinters) {
     e->AddAttribute(attr::kType, val::kMultiplicative);
   }
-  if (s.has_season) Append(*e, MakeArray({std::begin(s.season), s.season.size()}));
+  if (s.has_season) Append(*e, MakeArray(s.season));
   return e;
 }
 

@@ -25,8 +25,7 @@ void MarkPresent(SmoothedState& s, int kind) {
     s.has_trend = !IsMissing(s.trend);
     if (!s.has_trend) return;
   }
-  s.has_season =
-      s.season_length != 1 && std::none_of(std::begin(s.season), std::end(s.season), IsMissing);
+  s.has_season = s.season_length != 1 && std::none_of(s.season.begin(), s.season.end(), IsMissing);
 }
 
 }  // namespace
@@ -38,8 +37,9 @@ SmoothedState ReadSmoothedState(const ESForecastState* state) {
   s.level = smoothed.level;
   s.trend = smoothed.trend;
   s.phase = static_cast<double>(smoothed.phase);
-  s.season = smoothed.season;
-  s.season_length = s.season.size() == 0 ? 1 : static_cast<double>(s.season.size());
+  const std::size_t count = smoothed.season.size();
+  if (count != 0) s.season.assign(std::begin(smoothed.season), std::end(smoothed.season));
+  s.season_length = count == 0 ? 1 : static_cast<double>(count);
   s.phi = DampingOf(*state);
   MarkPresent(s, state->GetESModelSpec().GetKind());
   return s;

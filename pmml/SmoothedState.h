@@ -1,6 +1,8 @@
 #ifndef TSXPORT_PMML_SMOOTHEDSTATE_H_
 #define TSXPORT_PMML_SMOOTHEDSTATE_H_
 
+#include <vector>
+
 #include <tsfcore/ESForecastState.h>
 
 namespace tsx::pmml {
@@ -15,7 +17,7 @@ struct SmoothedState {
   double trend = 0;
   double phase = 0;
   double season_length = 1;  // number of seasonal values, 1 when there are none
-  std::valarray<double> season{};
+  std::vector<double> season{};
   double phi = 0;  // estimate of the damping, 0 when there is none
 };
 
