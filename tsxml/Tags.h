@@ -4,7 +4,7 @@
 #include "datespec/Tags.h"
 
 // Element names, attribute names and fixed values of the time-series XML dialect, in document
-// order. Those of "DateSpecification" stand in datespec/Tags.h.
+// order. Those of "DateSpecification", and of lag terms, stand in datespec/Tags.h.
 namespace tsx {
 
 namespace tag {
@@ -16,6 +16,17 @@ inline constexpr char kDataDictionary[] = "DataDictionary";
 
 inline constexpr char kTransformation[] = "Transformation";
 inline constexpr char kEstimatedParameter[] = "EstimatedParameter";
+
+inline constexpr char kARIMAModel[] = "ARIMAModel";
+inline constexpr char kConstantTerm[] = "ConstantTerm";
+inline constexpr char kAutoregression[] = "Autoregression";
+inline constexpr char kMovingAverage[] = "MovingAverage";
+inline constexpr char kPredictorEffect[] = "PredictorEffect";
+inline constexpr char kNumerator[] = "Numerator";
+inline constexpr char kDenominator[] = "Denominator";
+inline constexpr char kNonSeasonalFactor[] = "NonSeasonalFactor";
+inline constexpr char kSeasonalFactor[] = "SeasonalFactor";
+inline constexpr char kOutlierEffect[] = "OutlierEffect";
 
 inline constexpr char kExpSmoothingModel[] = "ExpSmoothingModel";
 inline constexpr char kESAdditiveWinters[] = "ESAdditiveWinters";
@@ -62,6 +73,7 @@ inline constexpr char kNonSeasonalDiff[] = "nonSeasonalDiff";
 inline constexpr char kSeasonalDiff[] = "seasonalDiff";
 inline constexpr char kDelay[] = "delay";
 inline constexpr char kLag[] = "lag";
+inline constexpr char kStartIndex[] = "startIndex";
 inline constexpr char kPhase[] = "phase";
 
 inline constexpr char kPeriodStartIndex[] = "periodStartIndex";

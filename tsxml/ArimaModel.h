@@ -1,0 +1,23 @@
+#ifndef TSXPORT_TSXML_ARIMAMODEL_H_
+#define TSXPORT_TSXML_ARIMAMODEL_H_
+
+#include <valarray>
+
+#include <tsfcore/AMModelSpec.h>
+#include <tsxport/TSXDictionaryRefs.h>
+
+#include "xml/ElementPtr.h"
+
+namespace tsx {
+
+// Encodes the specification of an ARIMA model and its estimates, without state and estimation
+// record. Null when `refs` has not one predictor ID for every
+// predictor. Estimates or standard errors that do not reach as far as the specification says are
+// left out where they are too few; the coefficient's place is written all the same.
+ElementPtr MakeArimaModel(const AMModelSpec& spec, const TSXDictionaryRefs& refs,
+                          const std::valarray<double>& values,
+                          const std::valarray<double>& stdErrors);
+
+}  // namespace tsx
+
+#endif  // TSXPORT_TSXML_ARIMAMODEL_H_
