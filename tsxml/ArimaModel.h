@@ -11,7 +11,7 @@
 namespace tsx {
 
 // Encodes the specification of an ARIMA model and its estimates, without state and estimation
-// record. Null when `refs` has not one predictor ID for every
+// record (ArimaState.h has the whole model). Null when `refs` has not one predictor ID for every
 // predictor. Estimates or standard errors that do not reach as far as the specification says are
 // left out where they are too few; the coefficient's place is written all the same.
 ElementPtr MakeArimaModel(const AMModelSpec& spec, const TSXDictionaryRefs& refs,

@@ -3,6 +3,7 @@
 #include <tsfcore/ESForecastState.h>
 #include <tsxport/ModelXMLTreeMaker.h>
 
+#include "tsxml/ArimaState.h"
 #include "tsxml/ExpSmoothingModel.h"
 
 ModelXMLTreeMaker::ModelXMLTreeMaker(const TSXDictionaryRefs& refs, const EstimationInfo& info)
@@ -16,9 +17,17 @@ void ModelXMLTreeMaker::Visit(const ESForecastState& state) {
               .release();
 }
 
-void ModelXMLTreeMaker::Visit(const ARMACLSForecastState& /*state*/) { tree_ = nullptr; }
-void ModelXMLTreeMaker::Visit(const ARMAMLForecastState& /*state*/) { tree_ = nullptr; }
-void ModelXMLTreeMaker::Visit(const ARMAMLSpForecastState& /*state*/) { tree_ = nullptr; }
+void ModelXMLTreeMaker::Visit(const ARMACLSForecastState& state) {
+  tree_ = tsx::MakeArimaModel(state, refs_, info_).release();
+}
+
+void ModelXMLTreeMaker::Visit(const ARMAMLForecastState& state) {
+  tree_ = tsx::MakeArimaModel(state, refs_, info_).release();
+}
+
+void ModelXMLTreeMaker::Visit(const ARMAMLSpForecastState& state) {
+  tree_ = tsx::MakeArimaModel(state, refs_, info_).release();
+}
 
 TIMESERIESXML::XMLElement* ModelXMLTreeMaker::ReleaseTree() {
   return std::exchange(tree_, nullptr);

@@ -28,7 +28,8 @@ class TSX_EXPORT ModelXMLTreeMaker : public ForecastStateVisitor {
   // Builds "ExpSmoothingModel". Nothing, when the kind is unknown, when a weight's estimate is
   // missing, or when the state lacks its level, a trend its kind has, or a seasonal value.
   void Visit(const ESForecastState& state) override;
-  // ARIMA models have no encoder yet: these leave nothing.
+  // Build "ARIMAModel" with the state of its kind. Nothing, when the record of names has not one
+  // predictor ID for every predictor of the specification. Missing estimates are left out.
   void Visit(const ARMACLSForecastState& state) override;
   void Visit(const ARMAMLForecastState& state) override;
   void Visit(const ARMAMLSpForecastState& state) override;

@@ -6,6 +6,7 @@
 
 #include "export/Calendars.h"
 #include "export/TSXMLTreeImp.h"
+#include "support/ArimaModels.h"
 #include "support/FailingAllocation.h"
 #include "support/Models.h"
 
@@ -19,6 +20,10 @@ TSXDictionaryRefs Refs() { return {"m", "", "y"}; }
 // A smoothing state in a model that claims predictors: enough to put the check to the test.
 TSFModel ModelWithPredictors(unsigned count) {
   return test::ModelOf(std::make_unique<ESForecastState>(test::SimpleState()), count);
+}
+
+TSFModel FullArimaModel() {
+  return test::ModelOf(std::make_unique<ARMAMLSpForecastState>(test::FullMLSpState()), 2);
 }
 
 TEST(Admission, ModelWithItsNamesIsTaken) {
@@ -121,10 +126,47 @@ TEST(Admission, ModelThatCannotBeEncodedIsRefusedAndLeavesItsDateSpecificationUn
   EXPECT_EQ(out.str().find("DateSpecification"), std::string::npos);
 }
 
-TEST(Admission, ArimaModelIsRefusedUntilItHasAnEncoder) {
+TEST(Admission, ArimaModelOfEachKindIsTaken) {
   TSXMLTree tree;
-  EXPECT_FALSE(tree.AddModelTree(ArimaModel(), Refs()));
+  EXPECT_TRUE(tree.AddModelTree(test::ModelOf(std::make_unique<ARMAMLSpForecastState>()), Refs()));
+  EXPECT_TRUE(tree.AddModelTree(test::ModelOf(std::make_unique<ARMAMLForecastState>()), Refs()));
+  EXPECT_TRUE(tree.AddModelTree(test::ModelOf(std::make_unique<ARMACLSForecastState>()), Refs()));
+  EXPECT_EQ(tree.GetModelCount(), 3U);
+}
+
+TEST(Admission, ArimaModelMarksItsDateSpecification) {
+  TSXMLTree tree;
+  TSXDictionaryRefs refs = Refs();
+  refs.SetDateSpecID(tree.AddDateSpec(test::Yearly(), ""));
+  ASSERT_TRUE(tree.AddModelTree(ArimaModel(), refs));
+  std::ostringstream out;
+  ASSERT_TRUE(tree.WriteToStream(out));
+  EXPECT_NE(out.str().find("<Year"), std::string::npos);
+}
+
+TEST(Admission, ArimaModelWithTwoPredictorsWantsTwoIDs) {
+  TSXMLTree tree;
+  EXPECT_FALSE(tree.AddModelTree(FullArimaModel(), {"m", "", "y", {"x1"}}));
+  EXPECT_FALSE(tree.AddModelTree(FullArimaModel(), {"m", "", "y", {"x1", ""}}));
   EXPECT_EQ(tree.GetModelCount(), 0U);
+  EXPECT_TRUE(tree.AddModelTree(FullArimaModel(), {"m", "", "y", {"x1", "x2"}}));
+  EXPECT_EQ(tree.GetModelCount(), 1U);
+}
+
+// The model says one predictor, its specification two: the names pass the check and then have no
+// element.
+TEST(Admission, ArimaModelAtOddsWithItsSpecificationIsRefusedAndLeavesTheTreeAsItWas) {
+  TSXMLTree tree;
+  TSXDictionaryRefs refs("m", "", "y", {"x1"});
+  refs.SetDateSpecID(tree.AddDateSpec(test::Yearly(), ""));
+  const TSFModel atOdds =
+      test::ModelOf(std::make_unique<ARMAMLSpForecastState>(test::FullMLSpState()), 1);
+  EXPECT_FALSE(tree.AddModelTree(atOdds, refs));
+  EXPECT_EQ(tree.GetModelCount(), 0U);
+  ASSERT_TRUE(tree.AddModelTree(SimpleModel(), Refs()));
+  std::ostringstream out;
+  ASSERT_TRUE(tree.WriteToStream(out));
+  EXPECT_EQ(out.str().find("DateSpecification"), std::string::npos);
 }
 
 TSFCrModel CrostonModel() { return TSFCrModel(new TSFCrModelImp({})); }
@@ -179,11 +221,13 @@ TEST(Admission, PMMLWriteLeavesTheModelsOfTheOtherDialectAlone) {
 TEST(Admission, ArimaModelTurnsPMMLOffAndTheTreeWritesTimeSeriesXML) {
   TSXMLTree tree;
   tree.SetPMMLOutput(true);
-  EXPECT_FALSE(tree.AddModelTree(ArimaModel(), Refs()));
+  EXPECT_TRUE(tree.AddModelTree(ArimaModel(), Refs()));
   EXPECT_TRUE(tree.AddModelTree(SimpleModel(), Refs()));
+  EXPECT_EQ(tree.GetModelCount(), 2U);
   std::ostringstream out;
   EXPECT_TRUE(tree.WriteToStream(out));
   EXPECT_NE(out.str().find("<TSCXML"), std::string::npos);
+  EXPECT_NE(out.str().find("<ARIMAModel"), std::string::npos);
 }
 
 TEST(Admission, ModelRefusedForItsNamesTurnsPMMLOffAllTheSame) {
@@ -215,15 +259,16 @@ TEST(Admission, HostMaySwitchPMMLOnAgainAfterAFallBack) {
   EXPECT_TRUE(imp.GetPMMLOutputFlag());
 }
 
-TEST(Admission, TreeIsUnchangedWhereverMemoryRunsOut) {
-  const TSFModel model = test::ModelOf(std::make_unique<ESForecastState>(test::WintersState()));
+void ExpectTreeUnchangedWhereverMemoryRunsOut(const TSFModel& model,
+                                              const std::vector<std::string>& predictorIDs) {
   const TSXDateSpec monthly = test::Monthly();
   test::WithEveryAllocationFailing([&] {
     TSXMLTreeImp imp;
     TSXDictionaryRefs refs;
     {
       const test::AllocationsSucceed setUp;
-      refs = TSXDictionaryRefs("a model name beyond any small buffer", "described", "y");
+      refs =
+          TSXDictionaryRefs("a model name beyond any small buffer", "described", "y", predictorIDs);
       refs.SetDateSpecID(imp.AddDateSpec(monthly, ""));
     }
     try {
@@ -236,6 +281,15 @@ TEST(Admission, TreeIsUnchangedWhereverMemoryRunsOut) {
       throw;
     }
   });
+}
+
+TEST(Admission, TreeIsUnchangedWhereverMemoryRunsOut) {
+  ExpectTreeUnchangedWhereverMemoryRunsOut(
+      test::ModelOf(std::make_unique<ESForecastState>(test::WintersState())), {});
+}
+
+TEST(Admission, TreeIsUnchangedWhereverMemoryRunsOutOverAnArimaModel) {
+  ExpectTreeUnchangedWhereverMemoryRunsOut(FullArimaModel(), {"x1", "x2"});
 }
 
 }  // namespace

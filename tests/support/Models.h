@@ -51,9 +51,7 @@ inline TSFModel ModelOf(std::unique_ptr<const ForecastState> state, unsigned pre
 
 inline TSFModel SimpleModel() { return ModelOf(std::make_unique<ESForecastState>(SimpleState())); }
 
-inline TSFModel ArimaModel(unsigned predictorCount = 0) {
-  return ModelOf(std::make_unique<ARMAMLForecastState>(), predictorCount);
-}
+inline TSFModel ArimaModel() { return ModelOf(std::make_unique<ARMAMLForecastState>()); }
 
 }  // namespace test
 

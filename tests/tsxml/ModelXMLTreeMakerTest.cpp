@@ -3,6 +3,7 @@
 
 #include <tsxport/ModelXMLTreeMaker.h>
 
+#include "support/ArimaModels.h"
 #include "support/FailingAllocation.h"
 #include "support/Models.h"
 #include "support/XmlText.h"
@@ -77,12 +78,12 @@ TEST_F(TreeMaker, RefusedModelReplacesTheTreeOfAnEarlierVisit) {
   EXPECT_EQ(maker_.ReleaseTree(), nullptr);
 }
 
-TEST_F(TreeMaker, ArimaStateReplacesTheTreeOfAnEarlierVisit) {
+TEST_F(TreeMaker, RefusedArimaModelReplacesTheTreeOfAnEarlierVisit) {
   {
     const ForgottenOnPurpose forgotten;
     test::SimpleState().Accept(maker_);
   }
-  ARMACLSForecastState().Accept(maker_);
+  ARMACLSForecastState({.common = {.spec = test::SpecWithPredictors(1)}}).Accept(maker_);
   EXPECT_EQ(maker_.ReleaseTree(), nullptr);
 }
 
@@ -97,13 +98,34 @@ TEST_F(TreeMaker, TreeThatNobodyTookDiesWithTheMaker) {
   EXPECT_EQ(test::LiveBlocks(), before);
 }
 
-TEST_F(TreeMaker, ArimaStatesLeaveNoTree) {
-  ARMACLSForecastState().Accept(maker_);
-  EXPECT_EQ(maker_.ReleaseTree(), nullptr);
-  ARMAMLForecastState().Accept(maker_);
-  EXPECT_EQ(maker_.ReleaseTree(), nullptr);
-  ARMAMLSpForecastState().Accept(maker_);
-  EXPECT_EQ(maker_.ReleaseTree(), nullptr);
+std::string TextOfVisit(ModelXMLTreeMaker& maker, const ForecastState& state) {
+  state.Accept(maker);
+  const Tree tree(maker.ReleaseTree());
+  return tree ? test::Compact(*tree) : "none";
+}
+
+TEST_F(TreeMaker, EachArimaStateBecomesAModelWithTheStateOfItsKind) {
+  const std::string start = "<ARIMAModel modelName=\"m\" variableID=\"y\">";
+  const std::string end =
+      "<EstimationInfo periodStartIndex=\"0\" periodLength=\"24\" degreesOfFreedom=\"23\">"
+      "<Statistic type=\"errVariance\">1.5</Statistic></EstimationInfo></ARIMAModel>";
+  EXPECT_EQ(TextOfVisit(maker_, ARMACLSForecastState()),
+            start + "<ARIMACLSState periodDeficit=\"0\"><NoiseState/></ARIMACLSState>" + end);
+  EXPECT_EQ(TextOfVisit(maker_, ARMAMLForecastState()),
+            start + "<ARIMAMLState periodDeficit=\"0\"><KalmanState/></ARIMAMLState>" + end);
+  EXPECT_EQ(TextOfVisit(maker_, ARMAMLSpForecastState()),
+            start +
+                "<ARIMAMLSpState periodDeficit=\"0\"><NoiseState/>"
+                "<ThetaRecursionState finalIterationNumber=\"0\"><FinalThetas/><FinalNu/>"
+                "</ThetaRecursionState></ARIMAMLSpState>" +
+                end);
+}
+
+TEST_F(TreeMaker, ArimaModelWithoutANameForItsPredictorLeavesNoTree) {
+  const ARMAForecastState::Common common{.spec = test::SpecWithPredictors(1)};
+  EXPECT_EQ(TextOfVisit(maker_, ARMACLSForecastState({.common = common})), "none");
+  EXPECT_EQ(TextOfVisit(maker_, ARMAMLForecastState({.common = common})), "none");
+  EXPECT_EQ(TextOfVisit(maker_, ARMAMLSpForecastState({.common = common})), "none");
 }
 
 }  // namespace
