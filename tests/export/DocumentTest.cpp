@@ -9,6 +9,7 @@
 #include "export/Application.h"
 #include "export/Calendars.h"
 #include "export/TSXMLTreeImp.h"
+#include "support/ArimaModels.h"
 #include "support/FailingAllocation.h"
 #include "support/FailingStream.h"
 #include "support/Golden.h"
@@ -52,10 +53,25 @@ void FillTwoModels(TSXMLTree& tree) {
   ASSERT_TRUE(tree.AddModelTree(test::SimpleModel(), Refs(monthly, "level")));
 }
 
+// Sales explained by their price, on monthly data.
+void FillArimaModel(TSXMLTree& tree) {
+  TSXDictionaryRefs refs("sales", "by price", "y", {"price"});
+  refs.SetDateSpecID(tree.AddDateSpec(test::Monthly(1949, 0), ""));
+  const TSFModel model =
+      test::ModelOf(std::make_unique<ARMACLSForecastState>(test::RegressionCLSState()), 1);
+  ASSERT_TRUE(tree.AddModelTree(model, refs));
+}
+
 TEST(Document, TwoModelsShareOneDateSpecification) {
   TSXMLTree tree;
   FillTwoModels(tree);
   ExpectDocument("two_models.xml", Written(tree));
+}
+
+TEST(Document, ArimaModelStandsInTheFrameWithItsPredictor) {
+  TSXMLTree tree;
+  FillArimaModel(tree);
+  ExpectDocument("arima_model.xml", Written(tree));
 }
 
 TEST(Document, WithoutApplicationAndCalendarHeaderAndDictionaryAreEmpty) {
@@ -211,6 +227,14 @@ TEST(Document, CommaDecimalLocalesLeaveTheTextAlone) {
   test::ExpectGolden("export/golden/two_models.xml", Written(tree));
 }
 
+TEST(Document, CommaDecimalLocalesLeaveAnArimaModelAlone) {
+  const test::ScopedLocale german("de_DE.UTF-8");
+  const test::ScopedGroupingCxxLocale grouping;
+  TSXMLTree tree;
+  FillArimaModel(tree);
+  test::ExpectGolden("export/golden/arima_model.xml", Written(tree));
+}
+
 TEST(Document, BrokenStreamTakesAPrefixAndTheAnswerIsTrueAllTheSame) {
   const std::string whole = test::ReadTestFile("export/golden/bare_model.xml");
   for (std::size_t capacity = 0; capacity <= whole.size(); ++capacity) {
@@ -225,11 +249,11 @@ TEST(Document, BrokenStreamTakesAPrefixAndTheAnswerIsTrueAllTheSame) {
   }
 }
 
-TEST(Document, ThrowingStreamLosesNothing) {
-  const std::string whole = test::ReadTestFile("export/golden/bare_model.xml");
+void ExpectThrowingStreamLosesNothing(const std::string& golden, void (*fill)(TSXMLTree&)) {
+  const std::string whole = test::ReadTestFile("export/golden/" + golden);
   for (std::size_t capacity = 0; capacity < whole.size(); ++capacity) {
     TSXMLTree tree;
-    ASSERT_TRUE(tree.AddModelTree(test::SimpleModel(), Refs()));
+    fill(tree);
     test::FailingStreambuf buffer(capacity);
     std::ostream out(&buffer);
     out.exceptions(std::ios::badbit | std::ios::failbit);
@@ -238,31 +262,45 @@ TEST(Document, ThrowingStreamLosesNothing) {
   }
 }
 
-TEST(Document, TreeIsWholeWhereverMemoryRunsOut) {
-  std::string whole;
-  {
-    TSXMLTree tree;
-    FillTwoModels(tree);
-    whole = Written(tree);
-  }
-  test::WithEveryAllocationFailing([&whole] {
+TEST(Document, ThrowingStreamLosesNothing) {
+  ExpectThrowingStreamLosesNothing("bare_model.xml", [](TSXMLTree& tree) {
+    ASSERT_TRUE(tree.AddModelTree(test::SimpleModel(), Refs()));
+  });
+}
+
+TEST(Document, ThrowingStreamLosesNothingOfAnArimaModel) {
+  ExpectThrowingStreamLosesNothing("arima_model.xml", FillArimaModel);
+}
+
+void ExpectTreeWholeWhereverMemoryRunsOut(const std::string& golden, void (*fill)(TSXMLTree&)) {
+  const std::string whole = test::ReadTestFile("export/golden/" + golden);
+  test::WithEveryAllocationFailing([&] {
     std::unique_ptr<TSXMLTree> tree;
     {
       const test::AllocationsSucceed setUp;
       tree = std::make_unique<TSXMLTree>();
-      FillTwoModels(*tree);
+      fill(*tree);
     }
     test::FailingStreambuf buffer(0);
     std::ostream out(&buffer);
+    const unsigned count = tree->GetModelCount();
     try {
       tree->WriteToStream(out);
     } catch (const std::bad_alloc&) {
       const test::AllocationsSucceed look;
-      EXPECT_EQ(tree->GetModelCount(), 2U);
+      EXPECT_EQ(tree->GetModelCount(), count);
       EXPECT_EQ(Written(*tree), whole);
       throw;
     }
   });
+}
+
+TEST(Document, TreeIsWholeWhereverMemoryRunsOut) {
+  ExpectTreeWholeWhereverMemoryRunsOut("two_models.xml", FillTwoModels);
+}
+
+TEST(Document, TreeWithAnArimaModelIsWholeWhereverMemoryRunsOut) {
+  ExpectTreeWholeWhereverMemoryRunsOut("arima_model.xml", FillArimaModel);
 }
 
 }  // namespace
