@@ -2,9 +2,11 @@
 #include <boost/math/distributions/normal.hpp>
 #include <cmath>
 
+#include <tsfcore/ARMAForecastState.h>
 #include <tsfcore/ESForecastState.h>
 #include <tsffit/Forecast.h>
 
+#include "arima/Forecast.h"
 #include "smoothing/Recursion.h"
 #include "smoothing/Transform.h"
 
@@ -126,6 +128,9 @@ std::vector<double> RelativeVariances(const Resumed& from, const Path& path, uns
 Forecasts Forecast(const TSFModel& model, unsigned horizon, double confidence) {
   Forecasts forecasts;
   const ForecastState* any = model.IsEmpty() ? nullptr : model.GetImp()->GetForecastState();
+  if (const auto* arima = dynamic_cast<const ARMAForecastState*>(any)) {
+    return ForecastArima(*arima, model.GetImp()->GetEstimationInfo(), horizon, {}, confidence);
+  }
   const auto* state = dynamic_cast<const ESForecastState*>(any);
   if (state == nullptr || !CanResume(*state) || !(confidence > 0 && confidence < 1)) return {};
 

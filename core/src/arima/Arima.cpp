@@ -1,0 +1,304 @@
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <string>
+#include <utility>
+
+#include <tsfcore/MV.h>
+#include <tsffit/Arima.h>
+
+#include "arima/Check.h"
+#include "arima/Design.h"
+#include "arima/Effects.h"
+#include "arima/FinalState.h"
+#include "arima/Likelihood.h"
+#include "arima/Search.h"
+#include "arima/SearchSpace.h"
+#include "arima/StdErrors.h"
+#include "smoothing/Transform.h"
+#include "stats/FitStatistics.h"
+#include "stats/LjungBox.h"
+
+namespace tsffit {
+
+namespace {
+
+std::size_t CountObserved(std::span<const double> series) {
+  return series.size() -
+         static_cast<std::size_t>(std::count(series.begin(), series.end(), MV::gMissingValue));
+}
+
+// The size of the differenced series, whose unit the search works in; of the series where too
+// little is observed for differences.
+double UnitOf(const std::vector<double>& series, const Polynomial& difference) {
+  double sum = 0;
+  double squares = 0;
+  double count = 0;
+  double largest = 0;
+  for (std::size_t t = 0; t < series.size(); ++t) {
+    if (series[t] != MV::gMissingValue) largest = std::max(largest, std::abs(series[t]));
+    if (t < Degree(difference)) continue;
+    double w = 0;
+    bool seen = true;
+    for (std::size_t k = 0; k < difference.size(); ++k) {
+      if (difference[k] == 0) continue;
+      seen = seen && series[t - k] != MV::gMissingValue;
+      w += difference[k] * series[t - k];
+    }
+    if (!seen) continue;
+    sum += w;
+    squares += w * w;
+    count += 1;
+  }
+  const double variance = count > 1 ? squares / count - sum * sum / (count * count) : 0;
+  // What is left of a constant is rounding.
+  if (variance > 1e-24 * largest * largest) return std::sqrt(variance);
+  return largest > 0 ? largest : 1;
+}
+
+// The specification with outliers counted from case `first`.
+AMModelSpec::Fields CountedFrom(AMModelSpec::Fields spec, std::size_t first) {
+  std::vector<TSOutlierSpec> outliers;
+  for (unsigned j = 0; j < spec.outliers.GetOutlierSpecCount(false); ++j) {
+    const TSOutlierSpec& outlier = spec.outliers.GetOutlierSpec(j);
+    outliers.emplace_back(outlier.GetType(), outlier.GetStartIndex() - static_cast<long>(first));
+  }
+  spec.outliers = TSOutlierSpecList(std::move(outliers));
+  return spec;
+}
+
+// One fit over its span, from transformation to model.
+class ArimaFitter {
+ public:
+  ArimaFitter(std::span<const double> series, std::span<const std::vector<double>> predictors,
+              std::size_t first, const ArimaOptions& options)
+      : series_(series),
+        first_(first),
+        observed_(series.subspan(first)),
+        options_(options),
+        spec_(CountedFrom(options.spec, first)) {
+    const int function = options.spec.y_transform.GetFunctionType();
+    for (const double y : observed_) {
+      modelled_.push_back(y == MV::gMissingValue ? y : Transformed(function, y));
+    }
+    data_.unit = UnitOf(modelled_, SeriesDifference(spec_));
+    for (const double z : modelled_) {
+      data_.series.push_back(z == MV::gMissingValue ? z : z / data_.unit);
+    }
+    for (unsigned i = 0; i < spec_.GetXCount(); ++i) {
+      const int own = spec_.GetXTransformSpec(i).GetFunctionType();
+      std::vector<double> x(predictors[i].begin() + static_cast<std::ptrdiff_t>(first),
+                            predictors[i].end());
+      for (double& value : x) value = Transformed(own, value);
+      data_.predictors.push_back(std::move(x));
+    }
+  }
+
+  void Run(ArimaFit& fit) {
+    if (!HasRows(fit)) return;
+    const Design design(spec_, data_);
+    const Likelihood likelihood(design, options_.method);
+    if (!CanEstimate(likelihood, fit)) return;
+    const SearchSpace space(spec_, LeftOut(likelihood));
+    const ArimaSearchResult found = SearchArima(likelihood, space);
+    if (!found.best.usable) {
+      RefuseArima(fit, FitStatus::kNotIdentified, "the likelihood of the model has no maximum");
+      return;
+    }
+    Deliver(likelihood, space, found, fit);
+  }
+
+ private:
+  bool TooShort(std::size_t needed, std::size_t there, ArimaFit& fit) const {
+    return RefuseArima(fit, FitStatus::kTooShort,
+                       "the model needs " + std::to_string(needed) +
+                           " cases that are not missing, the series has " + std::to_string(there));
+  }
+
+  // Whether the longest lags leave cases to explain, more of them than coefficients.
+  bool HasRows(ArimaFit& fit) const {
+    const Arma arma = LongestArma();
+    std::size_t lost = FirstPeriod(spec_);
+    std::size_t needed = spec_.GetParameterCount(true) + 2;
+    if (options_.method == ArimaMethod::kCls) lost += arma.ar.size();
+    needed = std::max({needed, arma.ar.size() + 1, arma.ma.size() + 1});
+    for (unsigned i = 0; i < spec_.GetXCount(); ++i) {
+      const std::vector<double> ones(spec_.GetParameterCount(true), 0.5);
+      needed = std::max(needed, TransferFunctionOf(spec_, i, ones).denominator.size());
+    }
+    const std::size_t there = CountObserved(observed_);
+    return there >= lost + needed || TooShort(lost + needed, there, fit);
+  }
+
+  // A noise model with every lag that the specification names.
+  Arma LongestArma() const {
+    return NoiseModel(spec_, std::vector<double>(spec_.GetParameterCount(true), 0.5));
+  }
+
+  bool CanEstimate(const Likelihood& likelihood, ArimaFit& fit) const {
+    if (!likelihood.IsIdentified()) {
+      return RefuseArima(fit, FitStatus::kNotIdentified,
+                         "a period of the season is missing in every season");
+    }
+    const Evaluation white = likelihood.At(std::vector<double>(spec_.GetParameterCount(true), 0.0));
+    const std::size_t needed = spec_.GetParameterCount(true) + 2;
+    if (white.residuals < needed) {
+      const std::size_t there = CountObserved(observed_);
+      return TooShort(there + needed - white.residuals, there, fit);
+    }
+    double largest = 1;
+    for (const double z : data_.series) {
+      if (z != MV::gMissingValue) largest = std::max(largest, std::abs(z));
+    }
+    const double rounding = 1e-13 * largest;
+    if (white.fit.sse <= rounding * rounding * static_cast<double>(white.residuals)) {
+      return RefuseArima(fit, FitStatus::kNotIdentified,
+                         "the model leaves nothing to explain: after differences and effects the "
+                         "series is constant");
+    }
+    return true;
+  }
+
+  // By position, the linear coefficients that are not estimated.
+  std::vector<bool> LeftOut(const Likelihood& likelihood) const {
+    std::vector<bool> leftOut(spec_.GetParameterCount(true), false);
+    const std::vector<std::size_t>& linear = likelihood.GetDesign().LinearPositions();
+    for (std::size_t j = 0; j < linear.size(); ++j) leftOut[linear[j]] = likelihood.IsDropped(j);
+    return leftOut;
+  }
+
+  void Deliver(const Likelihood& likelihood, const SearchSpace& space,
+               const ArimaSearchResult& found, ArimaFit& fit) {
+    Evaluation best = found.best;
+    MarkUnsearched(space, likelihood, best.parameters);
+    unsigned estimated = 0;
+    for (const double value : best.parameters) estimated += value == MV::gMissingValue ? 0 : 1;
+
+    const double unit = data_.unit;
+    const double n = static_cast<double>(best.residuals);
+    fit.summary = {.log_likelihood = best.LogLikelihood() - n * std::log(unit),
+                   .sse = best.fit.sse * unit * unit,
+                   .error_variance = best.fit.sse * unit * unit / (n - estimated),
+                   .residuals = best.residuals,
+                   .estimated = estimated,
+                   .evaluations = found.evaluations,
+                   .starts = found.starts,
+                   .converged = found.converged};
+    const ArimaReplay replay = ReplayArima(likelihood, best);
+    fit.fitted = OnOriginalScale(replay.predictions);
+    fit.residuals.assign(first_, MV::gMissingValue);
+    for (const double error : replay.standardised) {
+      fit.residuals.push_back(error == MV::gMissingValue ? error : error * unit);
+    }
+    std::vector<double> stdErrors = ArimaStdErrors(likelihood, space, best, estimated);
+    ARMAForecastState::Common common{
+        .spec = spec_,
+        .estimates = InUnits(likelihood, best.parameters),
+        .std_errors = InUnits(likelihood, stdErrors),
+        .period = {.start_index = first_, .length = observed_.size(), .period_deficit = 0}};
+    TSFModelImp::Fields model;
+    model.state = MakeArimaState(likelihood, best, replay, std::move(common));
+    model.info = EstimationInfo(Statistics(replay, space, fit));
+    model.history = std::valarray<double>(series_.data(), series_.size());
+    fit.model = TSFModel(new TSFModelImp(std::move(model)));
+  }
+
+  // Coefficients that belong to an effect that is left out are not estimated either.
+  void MarkUnsearched(const SearchSpace& space, const Likelihood& likelihood,
+                      std::vector<double>& parameters) const {
+    std::vector<bool> known(parameters.size(), false);
+    for (const std::size_t position : space.Positions()) known[position] = true;
+    for (const std::size_t position : likelihood.GetDesign().LinearPositions()) {
+      known[position] = true;
+    }
+    for (std::size_t i = 0; i < parameters.size(); ++i) {
+      if (!known[i]) parameters[i] = MV::gMissingValue;
+    }
+  }
+
+  // Parameters or their standard errors, linear ones brought to the unit of the data.
+  std::valarray<double> InUnits(const Likelihood& likelihood, std::vector<double> values) const {
+    for (const std::size_t position : likelihood.GetDesign().LinearPositions()) {
+      if (values[position] != MV::gMissingValue) values[position] *= data_.unit;
+    }
+    return {values.data(), values.size()};
+  }
+
+  std::vector<double> OnOriginalScale(const std::vector<double>& predictions) const {
+    const int function = spec_.GetYTransformSpec().GetFunctionType();
+    std::vector<double> fitted(first_, MV::gMissingValue);
+    for (const double z : predictions) {
+      fitted.push_back(z == MV::gMissingValue ? z : Untransformed(function, z * data_.unit));
+    }
+    return fitted;
+  }
+
+  EstimationInfo::Fields Statistics(const ArimaReplay& replay, const SearchSpace& space,
+                                    const ArimaFit& fit) const {
+    std::vector<double> observed(observed_.begin(), observed_.end());
+    std::vector<double> modelled = modelled_;
+    std::vector<double> errors(observed.size(), MV::gMissingValue);
+    for (std::size_t t = 0; t < errors.size(); ++t) {
+      if (replay.standardised[t] != MV::gMissingValue) {
+        errors[t] = modelled[t] - replay.predictions[t] * data_.unit;
+      } else {
+        observed[t] = MV::gMissingValue;
+      }
+    }
+    const FittedSeries all{.observed = observed,
+                           .fitted = std::span<const double>(fit.fitted).subspan(first_),
+                           .modelled = modelled,
+                           .modelled_errors = errors};
+    unsigned regular = 0;
+    unsigned seasonal = 0;
+    spec_.GetYDiff(regular, seasonal);
+    EstimationInfo::Fields info = FitStatistics(
+        all, fit.summary.estimated,
+        {.regular = regular, .seasonal = seasonal, .season_length = spec_.GetSeasonLength(true)},
+        0);
+    info.span = {.start = first_, .length = observed_.size()};
+    info.degrees_of_freedom = fit.summary.residuals - fit.summary.estimated;
+    info.error_variance = fit.summary.error_variance;
+    const double k = fit.summary.estimated;
+    const double logLikelihood = fit.summary.log_likelihood;
+    info.statistics[BFSharedConst::kLogLikelihood] = logLikelihood;
+    info.statistics[BFSharedConst::kAkaikeIC] = 2 * k - 2 * logLikelihood;
+    info.statistics[BFSharedConst::kBayesIC] =
+        k * std::log(static_cast<double>(fit.summary.residuals)) - 2 * logLikelihood;
+    unsigned noise = 0;
+    for (const Block& block : space.Blocks()) {
+      if (block.kind == BlockKind::kAr || block.kind == BlockKind::kMa) {
+        noise += static_cast<unsigned>(block.Count());
+      }
+    }
+    info.ljung_box = LjungBoxTest(replay.standardised, options_.ljung_box_lags, noise);
+    return info;
+  }
+
+  std::span<const double> series_;
+  std::size_t first_;
+  std::span<const double> observed_;
+  const ArimaOptions& options_;
+  AMModelSpec spec_;
+  std::vector<double> modelled_;
+  ArimaData data_;
+};
+
+}  // namespace
+
+ArimaFit FitArima(std::span<const double> series, std::span<const std::vector<double>> predictors,
+                  const ArimaOptions& options) {
+  ArimaFit fit;
+  if (!CheckArima(series, predictors, options, fit)) return fit;
+  const auto first =
+      std::find_if(series.begin(), series.end(), [](double y) { return y != MV::gMissingValue; });
+  if (first == series.end()) {
+    RefuseArima(fit, FitStatus::kTooShort, "the series has no case that is not missing");
+    return fit;
+  }
+  ArimaFitter(series, predictors, static_cast<std::size_t>(first - series.begin()), options)
+      .Run(fit);
+  return fit;
+}
+
+}  // namespace tsffit

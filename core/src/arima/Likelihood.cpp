@@ -1,0 +1,174 @@
+#include "arima/Likelihood.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <numbers>
+#include <utility>
+
+#include <tsfcore/MV.h>
+
+#include "arima/Effects.h"
+#include "arima/NoiseFilter.h"
+#include "arima/StateSpace.h"
+
+namespace tsffit {
+
+namespace {
+
+bool FilterBy(ArimaMethod method, const Arma& arma, Eigen::MatrixXd& columns, Eigen::VectorXd& nu) {
+  switch (method) {
+    case ArimaMethod::kMl:
+      return FilterExactly(arma, columns, nu);
+    case ArimaMethod::kMlTheta:
+      return FilterByThetas(arma, columns, nu);
+    case ArimaMethod::kCls:
+      return FilterConditionally(arma, columns, nu);
+  }
+  return false;
+}
+
+// The values before the first row as columns: the series' (0 where missing), then one column for
+// each missing value. Minus 1 there, so that the errors of the columns stand on the side of
+// regressors.
+Eigen::MatrixXd DiffuseLags(const Eigen::VectorXd& lags) {
+  const Eigen::Index missing = (lags.array() == MV::gMissingValue).count();
+  Eigen::MatrixXd columns = Eigen::MatrixXd::Zero(lags.size(), 1 + missing);
+  Eigen::Index next = 1;
+  for (Eigen::Index k = 0; k < lags.size(); ++k) {
+    if (lags[k] == MV::gMissingValue) {
+      columns(k, next++) = -1;
+    } else {
+      columns(k, 0) = lags[k];
+    }
+  }
+  return columns;
+}
+
+}  // namespace
+
+// Prediction errors over the roots of their variances, the series first.
+struct Likelihood::Standardised {
+  bool usable = false;
+  Eigen::MatrixXd columns{};
+  Eigen::VectorXd nu{};
+};
+
+double Evaluation::Criterion() const {
+  if (!usable || !(fit.sse > 0)) return std::numeric_limits<double>::infinity();
+  return 0.5 * (static_cast<double>(residuals) * std::log(fit.sse) + log_determinant);
+}
+
+double Evaluation::LogLikelihood() const {
+  const double n = static_cast<double>(residuals);
+  return -Criterion() - 0.5 * n * (std::log(2 * std::numbers::pi / n) + 1);
+}
+
+Likelihood::Likelihood(const Design& design, ArimaMethod method)
+    : design_(design), method_(method), dropped_(design.LinearPositions().size(), false) {
+  series_ = design.IsComplete() ? design.Differenced() : design.Undifferenced();
+  lags_ = design.IsComplete() ? Eigen::MatrixXd(0, 1) : DiffuseLags(design.LagsBeforeFirst());
+
+  // With no ARMA coefficients, every decay one half and no denominators.
+  std::vector<double> parameters(design.Spec().GetParameterCount(true), 0.0);
+  const TSOutlierSpecList& outliers = design.Spec().GetOutliers();
+  for (unsigned j = 0; j < outliers.GetOutlierSpecCount(false); ++j) {
+    if (outliers.GetOutlierSpec(j).GetType() != TSOutlierSpec::kTransient) continue;
+    parameters[design.Spec().GetOutlierParmIndex() + outliers.ParameterVectorIndex(j, 1)] = 0.5;
+  }
+  const Evaluation plain = At(parameters);
+  const auto diffuse = static_cast<std::size_t>(lags_.cols()) - 1;
+  for (std::size_t j = 0; j < plain.fit.dropped.size(); ++j) {
+    if (!plain.fit.dropped[j]) continue;
+    if (j < diffuse) {
+      identified_ = false;
+    } else {
+      dropped_[j - diffuse] = true;
+    }
+  }
+}
+
+Eigen::MatrixXd Likelihood::KeptEffects(const std::vector<double>& parameters) const {
+  Eigen::MatrixXd effects = design_.Effects(parameters);
+  for (std::size_t j = 0; j < dropped_.size(); ++j) {
+    if (dropped_[j]) effects.col(static_cast<Eigen::Index>(j)).setZero();
+  }
+  return effects;
+}
+
+Likelihood::Standardised Likelihood::Filter(const Arma& arma,
+                                            const Eigen::MatrixXd& effects) const {
+  Standardised result;
+  if (design_.IsComplete()) {
+    result.columns.resize(series_.size(), 1 + effects.cols());
+    result.columns.col(0) = series_;
+    result.columns.rightCols(effects.cols()) = effects;
+    result.usable = FilterBy(method_, arma, result.columns, result.nu);
+  } else {
+    const Eigen::Index diffuse = lags_.cols();  // with the series
+    Eigen::MatrixXd lags = Eigen::MatrixXd::Zero(lags_.rows(), diffuse + effects.cols());
+    lags.leftCols(diffuse) = lags_;
+    Eigen::MatrixXd columns = Eigen::MatrixXd::Zero(series_.size(), lags.cols());
+    columns.col(0) = series_;
+    columns.rightCols(effects.cols()) = design_.Integrated(effects);
+    StateSpace filter(arma, design_.Difference(), lags);
+    StateSpaceRun run = RunStateSpace(filter, columns, design_.MissingRows());
+    result.usable = run.usable;
+    result.columns = std::move(run.errors);
+    result.nu = std::move(run.nu);
+  }
+  if (!result.usable) return result;
+  for (Eigen::Index t = 0; t < result.nu.size(); ++t) {
+    if (result.nu[t] > 0) result.columns.row(t) /= std::sqrt(result.nu[t]);
+  }
+  result.usable = result.columns.allFinite();
+  return result;
+}
+
+Evaluation Likelihood::At(std::vector<double> parameters) const {
+  Evaluation evaluation;
+  Standardised filtered = Filter(NoiseModel(design_.Spec(), parameters), KeptEffects(parameters));
+  if (!filtered.usable) return evaluation;
+  const Eigen::Index diffuse = lags_.cols() - 1;
+  evaluation.regressors = filtered.columns.rightCols(filtered.columns.cols() - 1);
+  evaluation.fit = SolveLeastSquares(filtered.columns.col(0), evaluation.regressors, diffuse);
+  evaluation.nu = std::move(filtered.nu);
+  evaluation.diffuse = evaluation.fit.coefficients.head(diffuse);
+  evaluation.log_determinant = evaluation.fit.log_determinant;
+  for (const double nu : evaluation.nu) {
+    if (nu == 0) continue;
+    ++evaluation.residuals;
+    evaluation.log_determinant += std::log(nu);
+  }
+  evaluation.residuals -= std::min(evaluation.residuals, static_cast<std::size_t>(diffuse));
+
+  const std::vector<std::size_t>& positions = design_.LinearPositions();
+  for (std::size_t j = 0; j < positions.size(); ++j) {
+    const auto column = static_cast<std::size_t>(diffuse) + j;
+    parameters[positions[j]] = evaluation.fit.dropped[column]
+                                   ? MV::gMissingValue
+                                   : evaluation.fit.coefficients[static_cast<Eigen::Index>(column)];
+  }
+  evaluation.parameters = std::move(parameters);
+  evaluation.usable = true;
+  return evaluation;
+}
+
+double Likelihood::CriterionAt(const std::vector<double>& parameters) const {
+  return At(parameters).Criterion();
+}
+
+Eigen::VectorXd Likelihood::ErrorsAt(const std::vector<double>& parameters) const {
+  const Eigen::MatrixXd effects = KeptEffects(parameters);
+  const Standardised filtered = Filter(NoiseModel(design_.Spec(), parameters), effects);
+  if (!filtered.usable) return {};
+  Eigen::VectorXd errors = filtered.columns.col(0);
+  const std::vector<std::size_t>& positions = design_.LinearPositions();
+  for (std::size_t j = 0; j < positions.size(); ++j) {
+    errors -= ValueOrZero(parameters[positions[j]]) *
+              filtered.columns.col(lags_.cols() + static_cast<Eigen::Index>(j));
+  }
+  return errors;
+}
+
+}  // namespace tsffit

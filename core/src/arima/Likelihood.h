@@ -1,0 +1,70 @@
+#ifndef TSFFIT_ARIMA_LIKELIHOOD_H_
+#define TSFFIT_ARIMA_LIKELIHOOD_H_
+
+#include <Eigen/Core>
+#include <cstddef>
+#include <vector>
+
+#include <tsffit/Arima.h>
+
+#include "arima/Design.h"
+#include "arima/LeastSquares.h"
+
+namespace tsffit {
+
+// One value of the likelihood, the linear coefficients and the innovation variance eliminated.
+struct Evaluation {
+  bool usable = false;
+  std::size_t residuals = 0;         // cases with a prediction error, less the diffuse values
+  double log_determinant = 0;        // of the errors' covariance, over the innovation variance
+  std::vector<double> parameters{};  // all of them; a dropped one is missing
+  Eigen::VectorXd diffuse{};         // estimates of the values missing before the first row
+  Eigen::VectorXd nu{};              // variances of the errors; 0 where there is none
+  Eigen::MatrixXd regressors{};      // standardised: diffuse columns, then linear ones
+  LeastSquaresFit fit{};             // of the standardised series on them
+
+  // What a fit minimises: minus the log-likelihood, but for a constant.
+  double Criterion() const;
+  double LogLikelihood() const;
+};
+
+// The likelihood of a design under one method. Evaluations may run on several threads.
+class Likelihood {
+ public:
+  Likelihood(const Design& design, ArimaMethod method);
+
+  // At the searched coefficients in `parameters`; the linear ones are found.
+  Evaluation At(std::vector<double> parameters) const;
+
+  // Criterion() of At(), infinite where that is not usable.
+  double CriterionAt(const std::vector<double>& parameters) const;
+
+  // The standardised errors with the linear coefficients as given; empty when not usable.
+  Eigen::VectorXd ErrorsAt(const std::vector<double>& parameters) const;
+
+  // Whether a linear coefficient (by its place in LinearPositions) is left out for good, since the
+  // data do not tell it from those before it.
+  bool IsDropped(std::size_t linear) const { return dropped_[linear]; }
+
+  // Whether the values that are missing before the first row can be told from the others.
+  bool IsIdentified() const { return identified_; }
+
+  const Design& GetDesign() const { return design_; }
+  ArimaMethod Method() const { return method_; }
+
+ private:
+  struct Standardised;
+  Standardised Filter(const Arma& arma, const Eigen::MatrixXd& effects) const;
+  Eigen::MatrixXd KeptEffects(const std::vector<double>& parameters) const;
+
+  const Design& design_;
+  ArimaMethod method_;
+  Eigen::VectorXd series_;  // differenced; Z itself when cases are missing
+  Eigen::MatrixXd lags_;  // with missing cases: before the first row, of series and diffuse columns
+  std::vector<bool> dropped_;
+  bool identified_ = true;
+};
+
+}  // namespace tsffit
+
+#endif  // TSFFIT_ARIMA_LIKELIHOOD_H_

@@ -1,0 +1,143 @@
+#include "arima/Search.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <optional>
+
+#include "arima/Bfgs.h"
+#include "arima/Starts.h"
+
+namespace tsffit {
+
+namespace {
+
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+
+// A likelihood as a function of search coordinates, with a count of its evaluations.
+class Target {
+ public:
+  Target(const Likelihood& likelihood, const SearchSpace& space)
+      : likelihood_(likelihood),
+        space_(space),
+        parameters_(likelihood.GetDesign().Spec().GetParameterCount(true), 0.0) {}
+
+  double operator()(const Eigen::VectorXd& point) {
+    ++evaluations_;
+    return space_.Parameters(point, parameters_) ? likelihood_.CriterionAt(parameters_) : kInfinity;
+  }
+
+  double Minimise(double tolerance, int iterations, Eigen::VectorXd& point) {
+    const BfgsOptions options{.max_iterations = iterations, .tolerance = tolerance};
+    return MinimiseBfgs([this](const Eigen::VectorXd& at) { return (*this)(at); }, options, point)
+        .value;
+  }
+
+  Evaluation At(const Eigen::VectorXd& point) {
+    space_.Parameters(point, parameters_);
+    return likelihood_.At(parameters_);
+  }
+
+  int Evaluations() const { return evaluations_; }
+
+ private:
+  const Likelihood& likelihood_;
+  const SearchSpace& space_;
+  std::vector<double> parameters_;
+  int evaluations_ = 0;
+};
+
+struct Candidate {
+  Eigen::VectorXd point;
+  double value = kInfinity;
+};
+
+// Models with one kind of noise factor alone have one optimum in all but odd cases; others may have
+// several.
+bool IsSimple(const SearchSpace& space) {
+  if (space.Has(BlockKind::kAr) && space.Has(BlockKind::kMa)) return false;
+  return std::all_of(space.Blocks().begin(), space.Blocks().end(), [](const Block& block) {
+    return block.HasPartials() && (block.kind == BlockKind::kAr || block.kind == BlockKind::kMa);
+  });
+}
+
+std::vector<Eigen::VectorXd> StartingPoints(const Likelihood& likelihood,
+                                            const SearchSpace& space) {
+  std::vector<Eigen::VectorXd> starts;
+  const std::optional<Eigen::VectorXd> regression = HannanRissanenStart(likelihood, space);
+  if (regression) starts.push_back(*regression);
+  starts.push_back(SpreadStart(space, {}));
+  if (IsSimple(space)) return starts;
+
+  if (regression && likelihood.Method() != ArimaMethod::kCls &&
+      likelihood.GetDesign().IsComplete()) {
+    const Likelihood conditional(likelihood.GetDesign(), ArimaMethod::kCls);
+    Target target(conditional, space);
+    starts.push_back(*regression);
+    target.Minimise(1e-3, 30, starts.back());
+  }
+  starts.push_back(SpreadStart(space, {.ar = 0.8, .ma = 0.5, .denominator = 0.6}));
+  starts.push_back(SpreadStart(space, {.ar = -0.5, .ma = -0.6, .denominator = -0.5}));
+  starts.push_back(SpreadStart(space, {.ar = 0.5, .ma = -0.5, .denominator = 0.9}));
+  return starts;
+}
+
+// The search only approaches roots on the unit circle, where the likelihood of an MA factor may
+// have its maximum: puts those partial autocorrelations there that it has taken near, where nothing
+// is lost by it.
+void Settle(Target& target, const SearchSpace& space, Candidate& best) {
+  constexpr double kNear = 4;       // the coordinate of 0.9993
+  constexpr double kOnCircle = 20;  // of what is 1 in double precision
+  Eigen::Index at = 0;
+  for (const Block& block : space.Blocks()) {
+    for (std::size_t i = 0; i < block.Count(); ++i, ++at) {
+      if (block.kind != BlockKind::kMa || !block.HasPartials()) continue;
+      if (std::abs(best.point[at]) < kNear) continue;
+      Eigen::VectorXd settled = best.point;
+      settled[at] = std::copysign(kOnCircle, settled[at]);
+      const double value = target(settled);
+      if (value <= best.value + 1e-6) best = {settled, value};
+    }
+  }
+}
+
+}  // namespace
+
+ArimaSearchResult SearchArima(const Likelihood& likelihood, const SearchSpace& space) {
+  Target target(likelihood, space);
+  std::vector<Candidate> candidates;
+  for (Eigen::VectorXd& start : StartingPoints(likelihood, space)) {
+    Candidate candidate{std::move(start)};
+    candidate.value = target.Minimise(1e-4, 60, candidate.point);
+    candidates.push_back(std::move(candidate));
+  }
+  const int starts = static_cast<int>(candidates.size());
+  std::sort(candidates.begin(), candidates.end(),
+            [](const Candidate& a, const Candidate& b) { return a.value < b.value; });
+  // The best two go on, unless they are the same.
+  if (candidates.size() > 1 && candidates[1].value < candidates[0].value + 1e-3) {
+    candidates.resize(1);
+  }
+  candidates.resize(std::min<std::size_t>(candidates.size(), 2));
+
+  ArimaSearchResult result{.starts = starts};
+  Candidate best;
+  for (Candidate& candidate : candidates) {
+    bool converged = false;
+    for (int round = 0; round < 5 && !converged; ++round) {
+      const double before = candidate.value;
+      candidate.value = target.Minimise(1e-10, 200, candidate.point);
+      converged = before - candidate.value < 1e-7;
+    }
+    if (!(candidate.value < best.value)) continue;
+    best = candidate;
+    result.converged = converged;
+  }
+  if (best.value == kInfinity) return result;
+  Settle(target, space, best);
+  result.best = target.At(best.point);
+  result.evaluations = target.Evaluations();
+  return result;
+}
+
+}  // namespace tsffit

@@ -1,0 +1,29 @@
+#ifndef TSFFIT_ARIMA_STARTS_H_
+#define TSFFIT_ARIMA_STARTS_H_
+
+#include <optional>
+#include <vector>
+
+#include "arima/Likelihood.h"
+#include "arima/SearchSpace.h"
+
+namespace tsffit {
+
+// Starting values of the ARMA coefficients, the cross products of the factors neglected: the
+// innovations are taken from a long autoregression, and the series, less its linear effects, is
+// regressed on its own lags and theirs (Hannan and Rissanen 1982). Nothing when there are too few
+// cases.
+std::optional<Eigen::VectorXd> HannanRissanenStart(const Likelihood& likelihood,
+                                                   const SearchSpace& space);
+
+// A point with one value for the first partial autocorrelation of each kind of factor.
+struct Spread {
+  double ar = 0;
+  double ma = 0;
+  double denominator = 0;
+};
+Eigen::VectorXd SpreadStart(const SearchSpace& space, const Spread& spread);
+
+}  // namespace tsffit
+
+#endif  // TSFFIT_ARIMA_STARTS_H_
