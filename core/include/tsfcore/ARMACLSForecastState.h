@@ -12,8 +12,9 @@ class TSF_EXPORT ARMACLSForecastState : public ARMAForecastState {
  public:
   struct Fields {
     Common common{};
-    std::valarray<double> actual_n{};     // last noise values
-    std::valarray<double> predicted_n{};  // their one-step predictions
+    std::valarray<double> actual_n{};     // the last max(p, q) values of N
+    std::valarray<double> predicted_n{};  // their one-step forecasts; equal to the values in the
+                                          // cases that are conditioned upon
   };
 
   ARMACLSForecastState() = default;

@@ -12,6 +12,13 @@
 
 // What the three ARIMA states have in common: specification, estimates, and the ends of the
 // series that forecasting goes on from.
+//
+// In the terms of AMModelSpec: Z is the transformed dependent series, D(B) its differencing of
+// degree m, D(B) Z = c + transfer functions + D(B) outliers + N, and phi(B) N = theta(B) a with phi
+// and theta of degrees p and q, both factors multiplied out. Every list is in order of time, oldest
+// value first, and ends with the case that the state stands at. What a core fills in that way can
+// be forecast from without its data; the embedded core does (tsffit/Arima.h), with a period deficit
+// of 0.
 class TSF_EXPORT ARMAForecastState : public ForecastState {
  public:
   // The periods that the state was made from.
@@ -23,7 +30,10 @@ class TSF_EXPORT ARMAForecastState : public ForecastState {
 
   // The last values of one predictor and of its transfer function's output.
   struct XHistory {
+    // After its transformation, before its differencing: as many as the degree of the differencing,
+    // the delay and the degree of the numerator together.
     std::valarray<double> predictor{};
+    // On the differenced scale of the dependent series: as many as the degree of the denominator.
     std::valarray<double> transfer_function{};
   };
 
@@ -32,9 +42,9 @@ class TSF_EXPORT ARMAForecastState : public ForecastState {
     std::valarray<double> estimates{};
     std::valarray<double> std_errors{};
     PeriodRecord period{};
-    std::vector<XHistory> x_history{};  // one per predictor; may be shorter
-    std::valarray<double> actual_z{};
-    std::valarray<double> predicted_z{};
+    std::vector<XHistory> x_history{};    // one per predictor; may be shorter
+    std::valarray<double> actual_z{};     // the last max(m, 1) values of Z
+    std::valarray<double> predicted_z{};  // their one-step forecasts
   };
 
   const AMModelSpec& GetAMModelSpec() const { return common_.spec; }

@@ -10,15 +10,19 @@
 #include <tsfcore/Export.h>
 
 // State of an ARIMA model fitted by exact maximum likelihood with the innovations algorithm: the
-// last rows of the theta recursion (Brockwell and Davis 1991, section 5.2).
+// last rows of the theta recursion (Brockwell and Davis 1991, "Time series: theory and methods",
+// section 5.3), whose thetas multiply prediction errors with a plus sign.
 class TSF_EXPORT ARMAMLSpForecastState : public ARMAForecastState {
  public:
   struct Fields {
     Common common{};
-    std::valarray<double> actual_n{};         // last noise values
-    std::valarray<double> predicted_n{};      // their one-step predictions
-    std::uint64_t final_iteration_count = 0;  // steps that the recursion has run
+    std::valarray<double> actual_n{};     // the last max(p, q) values of N
+    std::valarray<double> predicted_n{};  // their one-step forecasts
+    // Values of N that the recursion has seen: k.
+    std::uint64_t final_iteration_count = 0;
+    // Rows k - q .. k - 1: row i, theta(i, 1) .. theta(i, q), predicts value i + 1.
     std::vector<std::vector<double>> final_thetas{};
+    // The variances of these rows' predictions, in units of the error variance.
     std::vector<double> final_nu{};
   };
 

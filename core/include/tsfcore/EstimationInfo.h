@@ -48,6 +48,18 @@
 //                       Ljung and Box (1978), "On a measure of lack of fit in time series models",
 //                       Biometrika 65, 297-303. K = 18; chi-square with K - k degrees of freedom.
 //                       No test with n <= K or when all e are equal.
+//
+// For ARIMA models k counts the estimated coefficients (constant, polynomials, effects; not the
+// error variance), n is the number of cases in the likelihood, and
+//
+//   error variance      S / (n - k), S the sum of squares of e over the roots of their variances in
+//                       units of the error variance (kCls: of e)
+//   kLogLikelihood      of the differenced series, exact (kCls: conditional), with S / n for the
+//                       variance; AIC and BIC from it
+//   kStationaryRSqr     w the series with its own differences
+//   Ljung-Box           of the standardised errors, the degrees of freedom less the number of AR
+//   and MA
+//                       coefficients
 class TSF_EXPORT EstimationInfo {
  public:
   // The periods that were fitted.

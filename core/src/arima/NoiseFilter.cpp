@@ -25,8 +25,8 @@ void Step(const Eigen::VectorXd& ar, double* state) {
   state[last] = ar[last] * first;
 }
 
-// A change of the covariance below this, in units of the innovation variance, is none: it would only
-// run on into numbers too small for doubles.
+// A change of the covariance below this, in units of the innovation variance, is none: it would
+// only run on into numbers too small for doubles.
 constexpr double kSteady = 1e-40;
 
 bool Usable(double nu) { return nu > 0 && std::isfinite(nu); }

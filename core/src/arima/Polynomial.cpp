@@ -76,7 +76,6 @@ namespace {
 std::vector<double> FromFirstLag(const Polynomial& p, double sign) {
   std::vector<double> lags;
   for (std::size_t k = 1; k < p.size(); ++k) lags.push_back(sign * p[k]);
-  while (!lags.empty() && lags.back() == 0) lags.pop_back();
   return lags;
 }
 

@@ -45,7 +45,7 @@ struct Arma {
   std::size_t StateLength() const { return ar.size() > ma.size() ? ar.size() : ma.size() + 1; }
 };
 
-// The model phi(B) N = theta(B) a. Coefficients of 0 at the end of either are dropped.
+// The model phi(B) N = theta(B) a, as long as the polynomials whatever their last coefficients are.
 Arma ArmaOf(const Polynomial& phi, const Polynomial& theta);
 
 // The psi weights of the model from psi_0 = 1 on.
