@@ -89,6 +89,22 @@ Eigen::MatrixXd Design::Effects(std::span<const double> parameters) const {
   return effects;
 }
 
+bool Design::EffectsAreFixed() const {
+  for (unsigned i = 0; i < spec_.GetXCount(); ++i) {
+    AMPowers regular;
+    AMPowers seasonal;
+    spec_.GetXNumerator(i, regular, seasonal);
+    if (seasonal.GetCount() > 0) return false;
+    spec_.GetXDenominator(i, regular, seasonal);
+    if (regular.GetCount() + seasonal.GetCount() > 0) return false;
+  }
+  for (unsigned j = 0; j < spec_.GetOutliers().GetOutlierSpecCount(false); ++j) {
+    const int type = spec_.GetOutliers().GetOutlierSpec(j).GetType();
+    if (type == TSOutlierSpec::kTransient || type == TSOutlierSpec::kInnovational) return false;
+  }
+  return true;
+}
+
 void Design::AddPredictor(unsigned i, std::span<const double> parameters, Eigen::MatrixXd& effects,
                           Eigen::Index& column) const {
   const TransferFunction transfer = TransferFunctionOf(spec_, i, parameters);

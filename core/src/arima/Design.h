@@ -38,6 +38,7 @@ class Design {
   // series. Depends on the searched coefficients where there are denominators, seasonal numerators,
   // decays or innovational outliers.
   Eigen::MatrixXd Effects(std::span<const double> parameters) const;
+  bool EffectsAreFixed() const;
 
   // The differenced series; only without missing cases.
   Eigen::VectorXd Differenced() const;

@@ -86,9 +86,11 @@ Likelihood::Likelihood(const Design& design, ArimaMethod method)
       dropped_[j - diffuse] = true;
     }
   }
+  if (design.EffectsAreFixed()) effects_ = KeptEffects(parameters);
 }
 
 Eigen::MatrixXd Likelihood::KeptEffects(const std::vector<double>& parameters) const {
+  if (effects_) return *effects_;
   Eigen::MatrixXd effects = design_.Effects(parameters);
   for (std::size_t j = 0; j < dropped_.size(); ++j) {
     if (dropped_[j]) effects.col(static_cast<Eigen::Index>(j)).setZero();

@@ -3,6 +3,7 @@
 
 #include <Eigen/Core>
 #include <cstddef>
+#include <optional>
 #include <vector>
 
 #include <tsffit/Arima.h>
@@ -62,6 +63,7 @@ class Likelihood {
   Eigen::VectorXd series_;  // differenced; Z itself when cases are missing
   Eigen::MatrixXd lags_;  // with missing cases: before the first row, of series and diffuse columns
   std::vector<bool> dropped_;
+  std::optional<Eigen::MatrixXd> effects_;  // where they do not depend on searched coefficients
   bool identified_ = true;
 };
 
