@@ -51,10 +51,10 @@
 // ----------
 // Constant, numerators and sizes are eliminated by generalised least squares, both sides passed
 // through the filter of the noise model; ARMA coefficients, denominators, seasonal factors of
-// numerators and decays are searched with BFGS from several starts (the method of Hannan and
-// Rissanen 1982, "Recursive estimation of mixed autoregressive-moving average order", Biometrika
-// 69, 81-94, the conditional solution and points spread over the region). Factors with the lags g,
-// 2 g,
+// numerators and decays are searched with limited-memory BFGS from several starts (the method of
+// Hannan and Rissanen 1982, "Recursive estimation of mixed autoregressive-moving average order",
+// Biometrika 69, 81-94, the conditional solution and points spread over the region). Factors with
+// the lags g, 2 g,
 // .., k g are searched in the partial autocorrelations of B^g (Barndorff-Nielsen and Schou 1973,
 // "On the parametrization of autoregressive models by partial autocorrelations", Journal of
 // Multivariate Analysis 3, 408-419; Monahan 1984, "A note on enforcing stationarity in ARMA

@@ -5,7 +5,7 @@
 #include <limits>
 #include <optional>
 
-#include "arima/Bfgs.h"
+#include "arima/Descent.h"
 #include "arima/Starts.h"
 
 namespace tsffit {
@@ -27,10 +27,9 @@ class Target {
     return space_.Parameters(point, parameters_) ? likelihood_.CriterionAt(parameters_) : kInfinity;
   }
 
-  double Minimise(double tolerance, int iterations, Eigen::VectorXd& point) {
-    const BfgsOptions options{.max_iterations = iterations, .tolerance = tolerance};
-    return MinimiseBfgs([this](const Eigen::VectorXd& at) { return (*this)(at); }, options, point)
-        .value;
+  double Minimise(double tolerance, int steps, Eigen::VectorXd& point) {
+    const DescentOptions options{.max_steps = steps, .tolerance = tolerance};
+    return Descend([this](const Eigen::VectorXd& at) { return (*this)(at); }, options, point);
   }
 
   Evaluation At(const Eigen::VectorXd& point) {
