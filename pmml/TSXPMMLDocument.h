@@ -4,6 +4,7 @@
 #include <deque>
 #include <ostream>
 #include <string>
+#include <utility>
 #include <valarray>
 #include <vector>
 
@@ -29,7 +30,7 @@ class TSXPMMLDocument {
   const TimeField& GetTimeField() const { return time_field_; }
 
   // Takes a copy of the tree's dictionary, for CheckRefs() alone.
-  void SetDictionary(const std::deque<DicDateSpec>& dictionary) { dictionary_ = dictionary; }
+  void SetDictionary(std::deque<DicDateSpec> dictionary) { dictionary_ = std::move(dictionary); }
 
   // Adds the model as a "TimeSeriesModel". Always true: the references are checked, and what the
   // check says is ignored, on purpose.
