@@ -278,6 +278,9 @@ void ExpectTreeUnchangedWhereverMemoryRunsOut(const TSFModel& model,
       EXPECT_EQ(imp.GetModelCount(), 0U);
       std::ostringstream out;
       EXPECT_FALSE(imp.WriteToStream(out, true));
+      EXPECT_TRUE(imp.AddModelTree(model, Refs()));
+      EXPECT_TRUE(imp.WriteToStream(out, true));
+      EXPECT_EQ(out.str().find("DateSpecification"), std::string::npos) << "marked";
       throw;
     }
   });

@@ -13,6 +13,7 @@
 #include "support/FailingStream.h"
 #include "support/Golden.h"
 #include "support/Models.h"
+#include "support/XmlText.h"
 
 namespace {
 
@@ -177,6 +178,27 @@ TEST_F(PmmlTree, HistoryOfTheModelIsItsTimeSeries) {
   EXPECT_EQ(Count(Written(imp_), "<TimeValue"), 3U);
 }
 
+TEST_F(PmmlTree, EmptyModelIsWrittenUnderItsNames) {
+  TSFModel empty;
+  EXPECT_TRUE(imp_.AddPMMLModelTree(empty, Refs("none", "nothing"), nullptr));
+  const std::string text = Written(imp_);
+  EXPECT_TRUE(Contains(text, "modelName=\"none\""));
+  EXPECT_TRUE(Contains(text, "displayName=\"nothing\""));
+  EXPECT_TRUE(Contains(text, "\t\t<ExponentialSmoothing\n\t\t\tRMSE=\"0\"/>\n"));
+}
+
+TEST_F(PmmlTree, EmptyModelRepeatsTheNumbersOfTheOneBeforeIt) {
+  ASSERT_TRUE(AddSimple(Refs("one", "first")));
+  TSFModel empty;
+  EXPECT_TRUE(imp_.AddPMMLModelTree(empty, Refs("none", "nothing"), nullptr));
+  const std::string text = Written(imp_);
+  const std::size_t second = text.find("modelName=\"none\"");
+  ASSERT_NE(second, std::string::npos);
+  EXPECT_TRUE(Contains(text.substr(second), "alpha=\"0.25\"\n\t\t\t\tsmoothedValue=\"10\"/>"));
+  EXPECT_TRUE(Contains(text, "displayName=\"nothing\""));
+  EXPECT_EQ(Count(text, "<TimeSeries\n"), 1U);
+}
+
 TEST_F(PmmlTree, NullHistoryIsAnEmptyOne) {
   TSFModel model = test::SimpleModel();
   EXPECT_TRUE(imp_.AddPMMLModelTree(model, Refs(), nullptr));
@@ -212,6 +234,32 @@ TEST_F(PmmlTree, AdmissionIsWholeOrNotAtAllWhenMemoryRunsOut) {
       const test::AllocationsSucceed look;
       EXPECT_EQ(imp.GetPMMLDocument().GetModelCount(), 0U);
       EXPECT_EQ(imp.GetPMMLDocument().GetModelRecord().dependent_var_id, "");
+      throw;
+    }
+  });
+}
+
+TEST_F(PmmlTree, AdmissionOfAnotherModelLeavesTheFirstWholeWhenMemoryRunsOut) {
+  const TSFModel model = test::ModelOf(std::make_unique<ESForecastState>(test::WintersState()));
+  const TSXDictionaryRefs refs("another name beyond any small buffer", "d", "a long variable name");
+  imp_.AddDateSpec(test::Yearly(), "a descriptor that does not fit a small buffer");
+  ASSERT_TRUE(AddSimple(Refs()));
+  imp_.AddDateSpec(test::Monthly(), "a descriptor that does not fit a small buffer");
+  const std::string before = Written(imp_);
+  test::WithEveryAllocationFailing([&] {
+    TSXMLTreeImp imp;
+    {
+      const test::AllocationsSucceed setUp;
+      imp.SetPMMLOutputFlag(true);
+      imp.AddDateSpec(test::Yearly(), "a descriptor that does not fit a small buffer");
+      imp.AddModelTree(test::SimpleModel(), Refs());
+      imp.AddDateSpec(test::Monthly(), "a descriptor that does not fit a small buffer");
+    }
+    try {
+      imp.AddModelTree(model, refs);
+    } catch (const std::bad_alloc&) {
+      const test::AllocationsSucceed look;
+      EXPECT_EQ(Written(imp), before);
       throw;
     }
   });
@@ -256,6 +304,29 @@ TEST(PmmlWriterState, CheckLooksIntoItsCopyOfTheDictionary) {
   ASSERT_TRUE(imp.AddModelTree(test::SimpleModel(), refs));
   EXPECT_TRUE(imp.GetPMMLDocument().CheckRefs(refs, index));
   EXPECT_EQ(index, 1U);
+}
+
+TEST(PmmlWriterState, EveryModelBringsANewCopyOfTheDictionary) {
+  TSXMLTreeImp imp;
+  imp.SetPMMLOutputFlag(true);
+  ASSERT_TRUE(imp.AddModelTree(test::SimpleModel(), Refs()));
+  TSXDictionaryRefs refs = Refs();
+  refs.SetDateSpecID(imp.AddDateSpec(test::Monthly(), ""));
+  unsigned index = 0;
+  EXPECT_FALSE(imp.GetPMMLDocument().CheckRefs(refs, index));
+  ASSERT_TRUE(imp.AddModelTree(test::SimpleModel(), Refs()));
+  EXPECT_TRUE(imp.GetPMMLDocument().CheckRefs(refs, index));
+}
+
+TEST(PmmlWriterState, TimeFieldCountsOnlyWhenNameAndKindAreBothThere) {
+  const std::string byDefault = R"(dataType="date" optype="continuous" name="Month")";
+  TSXPMMLDocument document;
+  for (const tsx::TimeField& half :
+       {tsx::TimeField{.name = "Hour", .kind = ""}, tsx::TimeField{.name = "", .kind = "time"}}) {
+    document.SetTimeField(half);
+    const std::string text = test::Compact(*document.BuildDocument(nullptr));
+    EXPECT_NE(text.find(byDefault), std::string::npos) << text;
+  }
 }
 
 }  // namespace

@@ -73,6 +73,14 @@ TEST(TimeSeriesModel, BrownHasItsTrendAfterTheWalkWithInterceptAndSlope) {
   ExpectEncodes("brown.xml", Encode(Brown(0.25)));
 }
 
+// From the left: 1 + 1e16 is 1e16, for want of digits, and less 1e16 that is 0.
+TEST(TimeSeriesModel, InterceptOfBrownIsComputedFromLeftToRight) {
+  ESForecastState::Fields state = Brown(1);
+  state.smoothed.level = 1;
+  state.smoothed.trend = 1e16;
+  EXPECT_TRUE(Contains(Encode(state), "type=\"real\">0 1e+16</Array>"));
+}
+
 TEST(TimeSeriesModel, BrownLeavesTheArrayOutWhenItsWeightIsTooSmall) {
   EXPECT_FALSE(Contains(Encode(Brown(1e-7)), "<Array"));
   EXPECT_TRUE(Contains(Encode(Brown(1e-7)), "trend=\"polynomial_exponential\"/>"));

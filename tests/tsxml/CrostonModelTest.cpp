@@ -57,6 +57,33 @@ TEST(CrostonModel, WeightBeyondTheEstimatesIsLeftOut) {
   EXPECT_TRUE(Contains(Encode(without), "<ESSimple>\n\t\t\t<StateLevel>3</StateLevel>"));
 }
 
+TEST(CrostonModel, EstimatesTooFewForTheSpecificationAreNoObstacle) {
+  const ESForecastState holt({.spec = ESModelSpec(ESModelSpec::ForKind(ESModelSpec::kHolt, 1)),
+                              .estimates = {0.5},
+                              .smoothed = {.level = 3, .trend = kMissing}});
+  EXPECT_TRUE(Contains(Encode(holt),
+                       "\t<ElapsedTimeSubmodel>\n\t\t<ESSimple>\n\t\t\t<ParmLevel>\n"
+                       "\t\t\t\t<EstimatedParameter>0.5</EstimatedParameter>\n"
+                       "\t\t\t</ParmLevel>\n\t\t</ESSimple>\n"));
+}
+
+TEST(CrostonModel, SubmodelWithoutAWeightHasItsLevelAlone) {
+  const ESForecastState none({.estimates = {0.5}, .smoothed = {.level = 3}});
+  EXPECT_TRUE(Contains(Encode(none), "<ESSimple>\n\t\t\t<StateLevel>3</StateLevel>"));
+}
+
+TEST(CrostonModel, SubmodelOfAnotherKindIsWrittenWithItsWholeState) {
+  const std::string text = Encode(test::WintersState());
+  EXPECT_TRUE(Contains(text,
+                       "\t<ElapsedTimeSubmodel>\n\t\t<ESSimple>\n\t\t\t<ParmLevel>\n"
+                       "\t\t\t\t<EstimatedParameter>0.5 0.1</EstimatedParameter>\n"
+                       "\t\t\t</ParmLevel>\n\t\t\t<StateLevel>100</StateLevel>\n"
+                       "\t\t\t<StateTrend>2</StateTrend>\n\t\t\t<StateSeason\n"
+                       "\t\t\t\tphase=\"3\">0.5 1.5 0.75 1.25</StateSeason>\n"
+                       "\t\t</ESSimple>\n"));
+  EXPECT_FALSE(Contains(text, "seasonLength"));
+}
+
 TEST(CrostonModel, LogarithmIsTheOnlyAttributeOfItsTransformation) {
   EXPECT_TRUE(Contains(Encode(Submodel(0.5, 0.1, 3), TSTransformation::kLogarithm),
                        "\t<Transformation\n\t\tfunction=\"logarithm\"/>\n"));
