@@ -273,6 +273,35 @@ TEST(Pmml, SkippedPeriodIsAMissingValueUnlessItIsAGap) {
   EXPECT_EQ(gap.status, 0) << gap.err;
   EXPECT_EQ(Parsed(gap.out).select_nodes("//TimeValue").size(), 5U);
 }
+TEST(Pmml, EverySeriesIsLookedAt) {
+  const Sandbox box;
+  box.Put("sales.csv",
+          "date,a,b\n2000-01,5,1\n2000-02,6,2\n2000-03,4,\n2000-04,5,3\n2000-05,7,2\n");
+  EXPECT_EQ(Complaint(box, "fit sales.csv --format pmml"),
+            "tsxport: sales.csv:4:11: the value at 2000-03 is missing: --format pmml has no place "
+            "for that, so its readers would forecast wrongly; use --format tscxml (series "
+            "\"sales/b\")");
+}
+TEST(Pmml, SeriesShareADocument) {
+  const Sandbox box;
+  box.PutData("seatbelts.csv");
+  const Outcome outcome = box.Run(
+      "fit seatbelts.csv --variable kms --variable drivers --model simple --format pmml -o -");
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  const auto document = Parsed(outcome.out);
+  EXPECT_EQ(Attributes(document, "/PMML/TimeSeriesModel/@modelName"),
+            (Strings{"seatbelts/kms", "seatbelts/drivers"}));
+  EXPECT_EQ(Attributes(document, "//DataField/@name"), (Strings{"drivers", "Month"}));
+}
+TEST(Pmml, HopelessSeriesIsNoReasonToRefuseTheOthers) {
+  const Sandbox box;
+  box.Put("sales.csv",
+          "shop,date,v\na,2000-01-01,1\na,2000-01-02,\na,2000-01-20,3\na,2000-02-11,2\n"
+          "a,2000-05-04,4\nb,2000-01-01,5\nb,2000-01-02,6\nb,2000-01-03,4\nb,2000-01-04,5\n");
+  const Outcome outcome = box.Run("fit sales.csv --id shop --model simple --format pmml -o -");
+  EXPECT_EQ(outcome.status, 3) << outcome.err;
+  EXPECT_EQ(Attributes(Parsed(outcome.out), "//TimeSeriesModel/@modelName"), Strings{"sales/b"});
+}
 TEST(Pmml, KindAskedForIsTakenForIntermittentDemandToo) {
   const Sandbox box;
   box.PutData("intermittent_a.csv");
