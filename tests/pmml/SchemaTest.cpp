@@ -200,6 +200,12 @@ TEST_F(Schema, InfiniteStatisticIsInvalid) {
                 "RMSE", "39: invalid character");
 }
 
+// Likewise NaN, which the number format spells nan.
+TEST_F(Schema, StatisticThatIsNotANumberIsInvalid) {
+  ExpectInvalid(Write(StateOf(ESModelSpec::kSimple), {}, std::numeric_limits<double>::quiet_NaN()),
+                "RMSE", "39: invalid character");
+}
+
 // A tree without models has no model element, and its first field no name; the schema takes both.
 TEST_F(Schema, TreeWithoutModelsIsValid) {
   TSXMLTree tree;
