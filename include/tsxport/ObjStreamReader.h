@@ -52,7 +52,7 @@ TSX_EXPORT bool ParseValue(std::ifstream& in, long& value);
 // "Missing" gives the most negative finite double. Any other text is extracted as by a string
 // stream in the global C++ locale, and the answer is true even when the extraction fails: that
 // leaves 0, or the largest finite value with the number's sign when it is beyond the range (see
-// docs/object-streams.md).
+// docs/object-streams.md). Where the text is white space alone the value stays as it was.
 TSX_EXPORT bool ParseValue(std::ifstream& in, double& value);
 
 // The text up to the next double quote or the line's end.
