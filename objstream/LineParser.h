@@ -41,11 +41,16 @@ bool ParseValueStart(std::istream& in, const Dialect& dialect, LineTokens& line)
   return line.Next(dialect.value_tag) == kTag.name && line.Next(dialect.value_attribute) == kValue;
 }
 
-// `number` is what strtol() makes of the value.
-template <const ValueTag& kTag>
-bool ParseInteger(std::istream& in, const Dialect& dialect, long& number) {
+// `value` is what strtol() makes of the value, of which an int takes the low bits.
+template <const ValueTag& kTag, typename Integer>
+bool ParseInteger(std::istream& in, const Dialect& dialect, Integer& value) {
   LineTokens line;
-  return ParseValueStart<kTag>(in, dialect, line) && NextLong(line, dialect.number, number);
+  long number = 0;
+  if (!ParseValueStart<kTag>(in, dialect, line) || !NextLong(line, dialect.number, number)) {
+    return false;
+  }
+  value = static_cast<Integer>(number);
+  return true;
 }
 
 }  // namespace tsx::objstream

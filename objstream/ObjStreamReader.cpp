@@ -43,18 +43,10 @@ bool ParseValue(std::ifstream& in, bool& value) {
   return true;
 }
 
-bool ParseValue(std::ifstream& in, int& value) {
-  long number = 0;
-  if (!ParseInteger<kInt>(in, kDialect, number)) return false;
-  value = static_cast<int>(number);
-  return true;
-}
+bool ParseValue(std::ifstream& in, int& value) { return ParseInteger<kInt>(in, kDialect, value); }
 
 bool ParseValue(std::ifstream& in, unsigned int& value) {
-  long number = 0;
-  if (!ParseInteger<kInt>(in, kDialect, number)) return false;
-  value = static_cast<unsigned int>(number);
-  return true;
+  return ParseInteger<kInt>(in, kDialect, value);
 }
 
 bool ParseValue(std::ifstream& in, long& value) { return ParseInteger<kLong>(in, kDialect, value); }

@@ -36,18 +36,10 @@ bool ParseStartObj(std::ifstream& in, const std::string& name) {
 
 bool ParseEndObj(std::ifstream& in) { return tsx::objstream::ParseEndObj(in, kDialect); }
 
-bool ParseValue(std::ifstream& in, int& value) {
-  long number = 0;
-  if (!ParseInteger<kInt>(in, kDialect, number)) return false;
-  value = static_cast<int>(number);
-  return true;
-}
+bool ParseValue(std::ifstream& in, int& value) { return ParseInteger<kInt>(in, kDialect, value); }
 
 bool ParseValue(std::ifstream& in, unsigned int& value) {
-  long number = 0;
-  if (!ParseInteger<kInt>(in, kDialect, number)) return false;
-  value = static_cast<unsigned int>(number);
-  return true;
+  return ParseInteger<kInt>(in, kDialect, value);
 }
 
 bool ParseValue(std::ifstream& in, long& value) { return ParseInteger<kLong>(in, kDialect, value); }
