@@ -8,7 +8,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <map>
 #include <random>
 #include <streambuf>
 #include <string>
@@ -19,6 +18,7 @@
 #include <tsxport/XMLObj.h>
 #include <tsxport/XmluReader.h>
 
+#include "bench/Medians.h"
 #include "tests/objstream/LiteralObjStream.h"
 
 namespace bench {
@@ -201,51 +201,20 @@ bool RegisterXmluType(const Data<T>& data) {
   return RegisterRead<OurXmluReader, LiteralXmluReader>("xmlu/", data);
 }
 
-// Prints the usual table and keeps the medians.
-class RatioReporter : public benchmark::ConsoleReporter {
- public:
-  void ReportRuns(const std::vector<Run>& runs) override {
-    ConsoleReporter::ReportRuns(runs);
-    for (const Run& run : runs) {
-      if (run.aggregate_name == "median") {
-        medians_[run.run_name.function_name] = run.GetAdjustedCPUTime();
-      }
-    }
+void PrintRatios(const Medians& medians) {
+  const std::string ending = "/ours";
+  for (const auto& [name, median] : medians) {
+    if (!name.ends_with(ending)) continue;
+    const std::string what = name.substr(0, name.size() - ending.size());
+    const auto literal = medians.find(what + "/literal");
+    if (literal == medians.end()) continue;
+    std::printf("%-15s %5.2f times as fast as the literal version\n", what.c_str(),
+                literal->second / median);
   }
-
-  void PrintRatios() {
-    const std::string ending = "/ours";
-    for (const auto& [name, median] : medians_) {
-      if (!name.ends_with(ending)) continue;
-      const std::string what = name.substr(0, name.size() - ending.size());
-      const auto literal = medians_.find(what + "/literal");
-      if (literal == medians_.end()) continue;
-      std::printf("%-15s %5.2f times as fast as the literal version\n", what.c_str(),
-                  literal->second / median);
-    }
-  }
-
- private:
-  std::map<std::string, double> medians_;
-};
-
-// Repetitions in turns, so that both versions share what the machine does meanwhile. The command
-// line comes later and may say otherwise.
-std::vector<char*> WithDefaults(int argc, char** argv) {
-  static char turns[] = "--benchmark_enable_random_interleaving=true";
-  static char aggregates[] = "--benchmark_display_aggregates_only=true";
-  static char repetitions[] = "--benchmark_repetitions=7";
-  static char time[] = "--benchmark_min_time=0.1";
-  std::vector<char*> arguments = {argv[0], turns, aggregates, repetitions, time};
-  arguments.insert(arguments.end(), argv + 1, argv + argc);
-  return arguments;
 }
 
 int Main(int argc, char** argv) {
-  std::vector<char*> arguments = WithDefaults(argc, argv);
-  argc = static_cast<int>(arguments.size());
-  benchmark::Initialize(&argc, arguments.data());
-  if (benchmark::ReportUnrecognizedArguments(argc, arguments.data())) return EXIT_FAILURE;
+  if (!InitializeForMedians(argc, argv)) return EXIT_FAILURE;
   Sink sink;
   const Data<Flag> bools("bool");
   const Data<int> ints("int");
@@ -262,9 +231,9 @@ int Main(int argc, char** argv) {
     std::fprintf(stderr, "the two versions differ\n");
     return EXIT_FAILURE;
   }
-  RatioReporter reporter;
+  MedianReporter reporter;
   benchmark::RunSpecifiedBenchmarks(&reporter);
-  reporter.PrintRatios();
+  PrintRatios(reporter.medians());
   return EXIT_SUCCESS;
 }
 

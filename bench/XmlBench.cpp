@@ -12,6 +12,7 @@
 #include <map>
 #include <streambuf>
 
+#include "bench/Medians.h"
 #include "bench/Trees.h"
 #include "bench/WintersDocument.h"
 
@@ -181,45 +182,14 @@ void Run(benchmark::State& state, const Competitor& competitor,
   state.SetItemsProcessed(static_cast<std::int64_t>(models.size()) * state.iterations());
 }
 
-// Prints the usual table and keeps the medians.
-class RatioReporter : public benchmark::ConsoleReporter {
- public:
-  void ReportRuns(const std::vector<Run>& runs) override {
-    ConsoleReporter::ReportRuns(runs);
-    for (const Run& run : runs) {
-      if (run.aggregate_name == "median") {
-        medians_[run.run_name.function_name] = run.GetAdjustedCPUTime();
-      }
-    }
-  }
-
-  void PrintRatio(const char* ours, const char* other) {
-    if (medians_.count(ours) == 0 || medians_.count(other) == 0) return;
-    std::printf("%-18s takes %6.3f of the time of %s\n", ours, medians_[ours] / medians_[other],
-                other);
-  }
-
- private:
-  std::map<std::string, double> medians_;
-};
-
-// Repetitions in turns, so that all competitors share what the machine does meanwhile. The command
-// line comes later and may say otherwise.
-std::vector<char*> WithDefaults(int argc, char** argv) {
-  static char turns[] = "--benchmark_enable_random_interleaving=true";
-  static char aggregates[] = "--benchmark_display_aggregates_only=true";
-  static char repetitions[] = "--benchmark_repetitions=9";
-  static char time[] = "--benchmark_min_time=0.1";
-  std::vector<char*> arguments = {argv[0], turns, aggregates, repetitions, time};
-  arguments.insert(arguments.end(), argv + 1, argv + argc);
-  return arguments;
+void PrintRatio(const Medians& medians, const char* ours, const char* other) {
+  if (medians.count(ours) == 0 || medians.count(other) == 0) return;
+  std::printf("%-18s takes %6.3f of the time of %s\n", ours, medians.at(ours) / medians.at(other),
+              other);
 }
 
 int Main(int argc, char** argv) {
-  std::vector<char*> arguments = WithDefaults(argc, argv);
-  argc = static_cast<int>(arguments.size());
-  benchmark::Initialize(&argc, arguments.data());
-  if (benchmark::ReportUnrecognizedArguments(argc, arguments.data())) return EXIT_FAILURE;
+  if (!InitializeForMedians(argc, argv)) return EXIT_FAILURE;
   pugi::set_memory_management_functions(&PageKeeper::Allocate, &PageKeeper::Free);
   // The others' memory stays with the process too.
   mallopt(M_TRIM_THRESHOLD, 1 << 30);
@@ -231,10 +201,12 @@ int Main(int argc, char** argv) {
     const auto run = [&](benchmark::State& state) { Run(state, competitor, models, sink); };
     benchmark::RegisterBenchmark(competitor.name, run)->Unit(benchmark::kMillisecond);
   }
-  RatioReporter reporter;
+  MedianReporter reporter;
   benchmark::RunSpecifiedBenchmarks(&reporter);
   for (const char* ours : {"ours/encoder", "ours/host", "ours/encoder/utf8"}) {
-    for (const char* other : {"literal", "pugixml", "libxml2"}) reporter.PrintRatio(ours, other);
+    for (const char* other : {"literal", "pugixml", "libxml2"}) {
+      PrintRatio(reporter.medians(), ours, other);
+    }
   }
   return EXIT_SUCCESS;
 }
