@@ -1,5 +1,6 @@
 // The sum of squares that is minimised, its gradient and the solution for starting components.
 
+#include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
 
@@ -115,8 +116,14 @@ TEST_P(EveryKind, MissingCasesCountForNothing) {
   EXPECT_NEAR(problem.Sse(at), sum, 1e-12 * sum);
 }
 
-INSTANTIATE_TEST_SUITE_P(Smoothing, EveryKind, testing::Range(0, 7));
-INSTANTIATE_TEST_SUITE_P(Smoothing, AdditiveKind, testing::Values(0, 1, 2, 3, 5, 6));
+std::string NameOfKind(const testing::TestParamInfo<int>& info) {
+  std::string name = test::KindName(info.param);
+  std::replace(name.begin(), name.end(), '-', '_');
+  return name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Smoothing, EveryKind, testing::Range(0, 7), NameOfKind);
+INSTANTIATE_TEST_SUITE_P(Smoothing, AdditiveKind, testing::Values(0, 1, 2, 3, 5, 6), NameOfKind);
 
 TEST(MultiplicativeRegion, StartOutsideHasAnInfiniteSumAndNoGradient) {
   const std::vector<double> series(12, 1.0);

@@ -20,6 +20,8 @@ struct Run {
   unsigned season_length;
 };
 
+void PrintTo(const Run& run, std::ostream* os) { *os << run.name; }
+
 constexpr Run kRuns[] = {{"simple", "nile.csv", 100, 1},
                          {"holt", "nile.csv", 100, 1},
                          {"damped-trend", "lakehuron.csv", 98, 1},

@@ -31,6 +31,8 @@ struct Case {
   Differencing differencing;
 };
 
+void PrintTo(const Case& each, std::ostream* os) { *os << each.name; }
+
 class AgainstR : public testing::TestWithParam<Case> {};
 
 TEST_P(AgainstR, EveryStatisticAgrees) {

@@ -14,6 +14,10 @@ namespace test {
 
 namespace {
 
+constexpr std::array<const char*, 7> kKindNames = {
+    "winters-additive",       "brown",           "damped-trend", "holt",
+    "winters-multiplicative", "simple-seasonal", "simple"};
+
 std::vector<std::string> Split(const std::string& line, char separator) {
   std::vector<std::string> fields;
   std::istringstream in(line);
@@ -68,13 +72,12 @@ ReferenceTable ReadReference(const std::string& file) {
 }
 
 int KindByName(const std::string& name) {
-  constexpr std::array<const char*, 7> kNames = {
-      "winters-additive",       "brown",           "damped-trend", "holt",
-      "winters-multiplicative", "simple-seasonal", "simple"};
-  const auto* found = std::find(kNames.begin(), kNames.end(), name);
-  if (found == kNames.end()) throw std::runtime_error("no kind " + name);
-  return static_cast<int>(found - kNames.begin());
+  const auto* found = std::find(kKindNames.begin(), kKindNames.end(), name);
+  if (found == kKindNames.end()) throw std::runtime_error("no kind " + name);
+  return static_cast<int>(found - kKindNames.begin());
 }
+
+std::string KindName(int kind) { return kKindNames.at(static_cast<std::size_t>(kind)); }
 
 std::vector<double> Generate(std::size_t n, const std::function<double(std::size_t)>& f) {
   std::vector<double> values;

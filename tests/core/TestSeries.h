@@ -28,6 +28,8 @@ ReferenceTable ReadReference(const std::string& file);
 // The codes by the names of the command: "holt", "winters-additive" ...
 int KindByName(const std::string& name);
 
+std::string KindName(int kind);
+
 // f(0), f(1), ... f(n - 1)
 std::vector<double> Generate(std::size_t n, const std::function<double(std::size_t)>& f);
 

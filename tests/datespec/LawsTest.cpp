@@ -25,6 +25,8 @@ struct Case {
   unsigned per_base_unit;  // positions in one unit of the base, worked by hand
 };
 
+void PrintTo(const Case& calendar, std::ostream* os) { *os << calendar.name; }
+
 TSXDateSpec InSteps(TSXDateSpec spec, unsigned increment) {
   EXPECT_EQ(spec.SetLowestIncrement(increment).GetCode(), 0U);
   return spec;

@@ -126,8 +126,14 @@ TEST_P(ResumeCroston, TakesInWhatComesNextAsTheCoreDoes) {
   }
 }
 
+std::string FunctionName(const testing::TestParamInfo<int>& info) {
+  constexpr const char* kNames[] = {"AsItIs", "UnderLogarithm", "UnderSquareRoot"};
+  return kNames[info.param];
+}
+
 INSTANTIATE_TEST_SUITE_P(EveryTransformation, ResumeCroston,
                          testing::Values(TSTransformation::kNone, TSTransformation::kLogarithm,
-                                         TSTransformation::kSquareRoot));
+                                         TSTransformation::kSquareRoot),
+                         FunctionName);
 
 }  // namespace

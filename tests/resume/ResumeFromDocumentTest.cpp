@@ -101,6 +101,15 @@ struct Case {
   int function_type;
 };
 
+std::string NameOf(const Case& each) {
+  constexpr const char* kKinds[] = {
+      "AdditiveWinters",       "Brown",          "DampedTrend", "Holt",
+      "MultiplicativeWinters", "SimpleSeasonal", "Simple"};
+  constexpr const char* kFunctions[] = {"", "UnderLogarithm", "UnderSquareRoot"};
+  return std::string(kKinds[each.kind]) + kFunctions[each.function_type];
+}
+void PrintTo(const Case& each, std::ostream* os) { *os << NameOf(each); }
+
 class ResumeFromDocument : public testing::TestWithParam<Case> {};
 
 TEST_P(ResumeFromDocument, GivesTheForecastsOfTheCore) {
@@ -143,13 +152,7 @@ std::vector<Case> AllCases() {
   return cases;
 }
 
-std::string CaseName(const testing::TestParamInfo<Case>& info) {
-  constexpr const char* kKinds[] = {
-      "AdditiveWinters",       "Brown",          "DampedTrend", "Holt",
-      "MultiplicativeWinters", "SimpleSeasonal", "Simple"};
-  constexpr const char* kFunctions[] = {"", "UnderLogarithm", "UnderSquareRoot"};
-  return std::string(kKinds[info.param.kind]) + kFunctions[info.param.function_type];
-}
+std::string CaseName(const testing::TestParamInfo<Case>& info) { return NameOf(info.param); }
 
 INSTANTIATE_TEST_SUITE_P(EveryKindAndTransformation, ResumeFromDocument,
                          testing::ValuesIn(AllCases()), CaseName);

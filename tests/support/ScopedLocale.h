@@ -9,7 +9,8 @@
 namespace test {
 
 // Sets the C library's locale for one scope. The tests' locales are "de_DE.UTF-8",
-// "de_DE.ISO-8859-1" (comma as decimal character) and "ja_JP.EUC-JP".
+// "de_DE.ISO-8859-1" (comma as decimal character), "ja_JP.EUC-JP" and "ps_AF.UTF-8" (a decimal
+// character of two bytes).
 class ScopedLocale {
  public:
   explicit ScopedLocale(const char* name, int category = LC_ALL)

@@ -154,6 +154,20 @@ TEST(NumberFormat, PrintfMayGiveLongText) {
   EXPECT_EQ(Format(0.5, true, wide), std::string(125, ' ') + "0.5");
 }
 
+TEST(NumberFormat, TextThatPrintfCannotMakeIsEmpty) {
+  char wide[] = "%2147483648.1f";  // more bytes than an int counts
+  EXPECT_EQ(Format(0.5, true, wide), "");
+}
+
+TEST(NumberFormat, DecimalCharacterMayHaveSeveralBytes) {
+  const test::ScopedLocale pashto("ps_AF.UTF-8");
+  EXPECT_EQ(TIMESERIESXML::GetDecimalCharacter(), "\xd9\xab");
+  EXPECT_EQ(Format(0.5, true, nullptr),
+            "0\xd9\xab"
+            "5");
+  EXPECT_EQ(Format(0.5, false, nullptr), "0.5");
+}
+
 TEST(NumberFormat, OnlyPrintfFollowsTheLocale) {
   const test::ScopedLocale german("de_DE.UTF-8");
   EXPECT_EQ(Format(0.5, false, nullptr), "0.5");

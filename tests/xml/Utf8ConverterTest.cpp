@@ -53,6 +53,18 @@ TEST(Utf8, KeptDescriptorConvertsLikeAFreshOne) {
   }
 }
 
+// In this code set one byte may stand for three characters, nine bytes of UTF-8; there is room for
+// four bytes, and so for the first character.
+TEST(Utf8, ConversionGrowsToFourTimesThePieceAtMost) {
+  Utf8Converter tamil{"TSCII"};
+  char out[16] = {};
+  EXPECT_EQ(Utf8Converter::MaxSize(1), 4U);
+  EXPECT_EQ(std::string(out, tamil.Convert("\x87", out)), "\xe0\xae\x95");
+  EXPECT_EQ(Utf8Converter::MaxSize(3), 12U);
+  EXPECT_EQ(std::string(out, tamil.Convert("\x87  ", out)),
+            "\xe0\xae\x95\xe0\xaf\x8d\xe0\xae\xb7  ");
+}
+
 TEST(Utf8, PlainPiecesAreLeftAloneInCodeSetsWithAscii) {
   EXPECT_TRUE(Utf8Converter("UTF-8").LeavesAlone("plain, and longer than a word"));
   EXPECT_FALSE(Utf8Converter("UTF-8").LeavesAlone("plain, and longer than \xc3\xbc"));

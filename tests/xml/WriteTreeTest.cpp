@@ -58,10 +58,20 @@ std::string Document(Writer write, const XMLDocType* docType, const XMLElement& 
   return out.str();
 }
 
-class WriteTreeOf : public testing::TestWithParam<Writer> {
+struct NamedWriter {
+  const char* name;
+  Writer write;
+};
+void PrintTo(const NamedWriter& writer, std::ostream* os) { *os << writer.name; }
+
+std::string NameOfWriter(const testing::TestParamInfo<NamedWriter>& info) {
+  return info.param.name;
+}
+
+class WriteTreeOf : public testing::TestWithParam<NamedWriter> {
  protected:
   static std::string Written(const XMLDocType* docType, const XMLElement& root, bool format) {
-    return Document(GetParam(), docType, root, format);
+    return Document(GetParam().write, docType, root, format);
   }
 };
 
@@ -115,7 +125,9 @@ TEST_P(WriteTreeOf, DocTypeIsTheSameWithoutFormat) {
             "<?xml version=\"1.0\" encoding=\"UTF-8\" ?>\n<!DOCTYPE r SYSTEM \"s\">\n<r/>");
 }
 
-INSTANTIATE_TEST_SUITE_P(Bytes, WriteTreeOf, testing::Values(&WriteTree));
-INSTANTIATE_TEST_SUITE_P(Utf8, WriteTreeOf, testing::Values(&WriteTreeUTF8));
+INSTANTIATE_TEST_SUITE_P(Writer, WriteTreeOf,
+                         testing::Values(NamedWriter{"AsItIs", &WriteTree},
+                                         NamedWriter{"Utf8", &WriteTreeUTF8}),
+                         NameOfWriter);
 
 }  // namespace

@@ -99,6 +99,12 @@ TEST(XMLUtil, ReplaceAllTakesPairsWithoutOverlap) {
   EXPECT_EQ(s, " &#32; &#32; ");
 }
 
+TEST(XMLUtil, ReplaceAllReturnsTheAnswerOfItsLastSearch) {
+  std::string s = "aXXbXX";
+  EXPECT_EQ(XMLUtil::ReplaceAll(s, "XX", "-"), -1);
+  EXPECT_EQ(XMLUtil::ReplaceAll(s, "XX", "-"), -1);
+}
+
 TEST(XMLUtil, ReplaceAllMayShorten) {
   std::string s = "aXXbXX";
   XMLUtil::ReplaceAll(s, "XX", "");
