@@ -10,6 +10,7 @@ namespace {
 
 constexpr double kLargestGrouped = 1e9;  // larger and much smaller numbers go by exponents
 constexpr double kSmallestFixed = 1e-6;
+constexpr double kLeastDifference = 1e-12;  // of values, relative; closer ones differ by rounding
 
 // The 1, 2 or 5 times a power of ten that is not below `width`.
 double RoundStep(double width) {
@@ -51,7 +52,8 @@ std::string ValueScale::Label(double tick) const {
 }
 
 ValueScale MakeValueScale(double low, double high, int steps) {
-  if (!(high > low)) {
+  const double largest = std::max(std::abs(low), std::abs(high));
+  if (!(high - low > kLeastDifference * largest)) {
     const double half = low == 0 ? 1 : std::abs(low) / 2;
     return MakeValueScale(low - half, high + half, steps);
   }

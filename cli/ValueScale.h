@@ -19,7 +19,7 @@ struct ValueScale {
 };
 
 // The scale that holds all values from `low` to `high`, both finite, low <= high, in about `steps`
-// steps. Equal values get a scale around them.
+// steps. Values that are equal but for rounding get a scale around them.
 ValueScale MakeValueScale(double low, double high, int steps);
 
 }  // namespace tsx::cli

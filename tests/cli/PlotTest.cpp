@@ -37,6 +37,10 @@ TEST(ValueScale, HugeAndTinyNumbersHaveExponents) {
   EXPECT_EQ(ScaleLabels(0, 4e12), (Strings{"0", "1e+12", "2e+12", "3e+12", "4e+12"}));
   EXPECT_EQ(ScaleLabels(0, 4e-9), (Strings{"0", "1e-09", "2e-09", "3e-09", "4e-09"}));
 }
+TEST(ValueScale, ValuesThatDifferByRoundingAloneAreEqual) {
+  EXPECT_EQ(ScaleLabels(5, 5.000000000000001), ScaleLabels(5, 5));
+  EXPECT_EQ(ScaleLabels(-1e9, -999999999.9999999), ScaleLabels(-1e9, -1e9));
+}
 TEST(ValueScale, EqualValuesGetAScaleAroundThem) {
   const ValueScale scale = MakeValueScale(7, 7, 5);
   EXPECT_LT(scale.low, 7);
@@ -74,10 +78,11 @@ TEST(TimeTicks, NumbersAreMarkedByRoundNumbers) {
 }
 
 std::vector<FittedSeries> FitTable(const CsvTable& table, std::vector<Series>& series,
-                                   const SeriesOptions& options = {}) {
+                                   const SeriesOptions& options = {},
+                                   const ModelRequest& request = {}) {
   series = ReadSeries(table, options);
   std::vector<FittedSeries> fitted;
-  for (const Series& one : series) fitted.push_back(FitSeries(one, {}));
+  for (const Series& one : series) fitted.push_back(FitSeries(one, request));
   return fitted;
 }
 std::size_t Count(const std::string& text, const std::string& part) {
@@ -125,6 +130,17 @@ TEST(Plot, NeverWritesWhatIsNoNumber) {
   std::vector<Series> series;
   const std::string svg =
       PlotText(FitTable(Table("y\n1e300\n-1e300\n1e299\n0\n1e300\n"), series), 5);
+  test::ExpectWellFormed(svg);
+  EXPECT_EQ(Count(svg, "nan"), 0U);
+  EXPECT_EQ(Count(svg, "inf"), 0U);
+}
+
+// The square of the root of 5 is not quite 5.
+TEST(Plot, ConstantUnderATransformationIsDrawn) {
+  std::vector<Series> series;
+  ModelRequest request;
+  request.function_type = TSTransformation::kSquareRoot;
+  const std::string svg = PlotText(FitTable(Table("y\n5\n5\n5\n5\n5\n"), series, {}, request), 5);
   test::ExpectWellFormed(svg);
   EXPECT_EQ(Count(svg, "nan"), 0U);
   EXPECT_EQ(Count(svg, "inf"), 0U);

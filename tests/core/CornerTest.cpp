@@ -92,6 +92,24 @@ TEST(Corner, ConstantSeriesIsFittedExactlyWithoutWeight) {
   }
 }
 
+TEST(Corner, ConstantSeriesIsFittedExactlyUnderATransformationToo) {
+  for (const int function : {TSTransformation::kLogarithm, TSTransformation::kSquareRoot}) {
+    for (const double value : {0.1, 5.0, 1e9, 1e-6}) {
+      const std::vector<double> series(40, value);
+      for (const int kind : kKinds) {
+        const auto fit = Fit(series, kind, 4, function);
+        if (fit.status != FitStatus::kOk)
+          continue;  // multiplicative seasons of a logarithm below 0
+        SCOPED_TRACE("kind " + std::to_string(kind) + ", transformation " +
+                     std::to_string(function));
+        EXPECT_EQ(fit.fitted, series);
+        EXPECT_EQ(fit.model.GetGOFStat("MSE"), 0);
+        EXPECT_EQ(fit.model.GetGOFStat("NRMBIC"), MV::gMissingValue);
+      }
+    }
+  }
+}
+
 TEST(Corner, ExactLineAndSeasonAreFittedExactly) {
   const auto line = Generate(50, [](std::size_t t) { return 3 + 0.7 * static_cast<double>(t); });
   const auto season = Generate(50, [](std::size_t t) { return 10 + static_cast<double>(t % 4); });

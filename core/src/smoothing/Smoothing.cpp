@@ -107,12 +107,13 @@ class Fitter {
     const bool exact = found.sse <= exactSse;
 
     Replay replay = ReplayAt(problem, found.parameters, scale_);
-    if (exact) TakeObserved(replay.forecasts);
+    if (exact) TakeObserved(modelled_, replay.forecasts);
     fit.summary = {.sse = exact ? 0 : found.sse * scale_.unit * scale_.unit,
                    .iterations = found.evaluations,
                    .starts = found.starts,
                    .converged = found.converged};
     fit.fitted = FittedOnOriginalScale(replay.forecasts);
+    if (exact) TakeObserved(series_, fit.fitted);
     const std::vector<double> errors =
         exact ? std::vector<double>(problem.WeightCount(), MV::gMissingValue)
               : WeightStdErrors(problem, found.parameters);
@@ -141,9 +142,9 @@ class Fitter {
     return TSFModel(new TSFModelImp(std::move(model)));
   }
 
-  void TakeObserved(std::vector<double>& forecasts) const {
+  static void TakeObserved(std::span<const double> series, std::vector<double>& forecasts) {
     for (std::size_t t = 0; t < forecasts.size(); ++t) {
-      if (modelled_[t] != MV::gMissingValue) forecasts[t] = modelled_[t];
+      if (series[t] != MV::gMissingValue) forecasts[t] = series[t];
     }
   }
 
