@@ -21,7 +21,7 @@ namespace {
 
 bool IsSameFile(const std::string& a, const std::string& b) {
   std::error_code error;
-  return a == b || std::filesystem::equivalent(a, b, error);
+  return TargetOf(a) == TargetOf(b) || std::filesystem::equivalent(a, b, error);
 }
 
 // No output may fall on the input, or on another output.

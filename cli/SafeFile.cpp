@@ -68,12 +68,6 @@ std::optional<struct stat> StatusOf(const std::string& path) {
   return std::nullopt;
 }
 
-std::string ResolveLinks(const std::string& path) {
-  std::error_code error;
-  const std::filesystem::path resolved = std::filesystem::canonical(path, error);
-  return error ? path : resolved.string();
-}
-
 // Makes a new file beside `target`, whose name it returns.
 std::string MakeTemporary(const std::string& target, int& descriptor) {
   const std::filesystem::path folder = std::filesystem::path(target).parent_path();
@@ -87,8 +81,20 @@ std::string MakeTemporary(const std::string& target, int& descriptor) {
 
 }  // namespace
 
+std::string TargetOf(const std::string& path) {
+  namespace fs = std::filesystem;
+  constexpr int kMostLinks = 40;  // as many as the system follows
+  std::error_code error;
+  fs::path target = path;
+  for (int i = 0; i < kMostLinks && fs::is_symlink(target, error); ++i) {
+    target = target.parent_path() / fs::read_symlink(target, error);
+  }
+  target = fs::weakly_canonical(fs::absolute(target, error), error);
+  return error ? path : target.string();
+}
+
 SafeFile::SafeFile(const std::string& path, std::string_view bytes)
-    : path_(path), target_(ResolveLinks(path)) {
+    : path_(path), target_(TargetOf(path)) {
   const auto status = StatusOf(path);
   if (status && S_ISDIR(status->st_mode)) Fail(path, EISDIR);
   if (status && access(path.c_str(), W_OK) != 0) Fail(path, errno);

@@ -6,6 +6,10 @@
 
 namespace tsx::cli {
 
+// The file that writing to `path` makes or replaces: links are followed, also those to a file that
+// is not there yet. `path` itself when that cannot be told.
+std::string TargetOf(const std::string& path);
+
 // Writes a file whole or not at all.
 //
 // The bytes go to a temporary file in the same folder; Commit() puts it in the place of the target

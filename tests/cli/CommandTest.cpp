@@ -617,6 +617,16 @@ TEST(Outputs, MustNotFallOnTheInputOrOnEachOther) {
             "tsxport: --plot: 'a' is the file of -o");
   EXPECT_EQ(box.Content("sales.csv"), MonthlyTable(20));
 }
+TEST(Outputs, MustNotFallOnEachOtherUnderTwoNames) {
+  const Sandbox box;
+  box.Put("sales.csv", MonthlyTable(20));
+  EXPECT_EQ(Complaint(box, "fit sales.csv -o ./a --plot a"),
+            "tsxport: --plot: 'a' is the file of -o");
+  EXPECT_EQ(box.Run("--version", "ln -s a link;").status, 0);
+  EXPECT_EQ(Complaint(box, "fit sales.csv -o link --plot a"),
+            "tsxport: --plot: 'a' is the file of -o");
+  EXPECT_FALSE(box.Has("a"));
+}
 TEST(Outputs, FullDeviceEndsWithStatusOne) {
   const Sandbox box;
   box.Put("sales.csv", MonthlyTable(20));

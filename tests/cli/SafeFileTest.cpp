@@ -90,6 +90,20 @@ TEST_F(SafeFileTest, LinkIsFollowedAndStays) {
   EXPECT_TRUE(fs::is_symlink(Path("link")));
   EXPECT_EQ(Content(Path("target")), "new");
 }
+TEST_F(SafeFileTest, LinkToAFileThatIsNotThereIsFollowedAndStays) {
+  fs::create_directory(Path("folder"));
+  fs::create_symlink("folder/second", Path("first"));
+  fs::create_symlink("../target", Path("folder/second"));
+  SafeFile(Path("first"), "new").Commit();
+  EXPECT_TRUE(fs::is_symlink(Path("first")));
+  EXPECT_TRUE(fs::is_symlink(Path("folder/second")));
+  EXPECT_EQ(Content(Path("target")), "new");
+}
+TEST_F(SafeFileTest, LinkToItself) {
+  fs::create_symlink("link", Path("link"));
+  EXPECT_EQ(ErrorOf([this] { const SafeFile file(Path("link"), ""); }),
+            Path("link") + ": cannot be written: Too many levels of symbolic links");
+}
 TEST_F(SafeFileTest, DeviceIsWrittenDirectly) {
   SafeFile("/dev/null", "new").Commit();
   EXPECT_TRUE(fs::is_character_file("/dev/null"));
