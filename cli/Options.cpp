@@ -176,6 +176,16 @@ void CheckCommand(const std::vector<std::string>& arguments) {
   throw UsageError("there is no command " + Quoted(first) + "; see tsxport --help");
 }
 
+// An empty value is most often a variable of a script that was never set. Text may be empty.
+void CheckValues(const CLI::App& app) {
+  for (const CLI::Option* option : app.get_options()) {
+    const std::string name = option->get_name(option->get_positional());
+    for (const std::string& value : option->results()) {
+      if (value.empty() && name != "--descriptor") throw UsageError(name + ": the value is empty");
+    }
+  }
+}
+
 FitOptions Checked(FitOptions options, const RawOptions& raw) {
   options.model = CheckedModel(raw);
   options.format = CheckedFormat(raw);
@@ -220,6 +230,7 @@ Invocation ParseCommandLine(const std::vector<std::string>& arguments) {
     throw UsageError(Printable(error.what()) + "; see tsxport " + (fit.parsed() ? "fit " : "") +
                      "--help");
   }
+  CheckValues(fit);
   return {"", Checked(std::move(options), raw)};
 }
 

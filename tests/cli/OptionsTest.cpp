@@ -102,16 +102,24 @@ TEST(Options, VariableDoesNotSwallowTheFile) {
 TEST(Options, NumbersAreDecimal) { EXPECT_EQ(Fit({"--season", "012"}).model.season_length, 12U); }
 
 TEST(OptionsError, CountsAreWholeNumbersWithinBounds) {
-  for (const char* bad : {"0", "-1", "1.5", "x", "", "99999999999", "1000000000"}) {
+  for (const char* bad : {"0", "-1", "1.5", "x", "99999999999", "1000000000"}) {
     for (const auto& [option, most] :
          {std::pair("--season", "1000000"), std::pair("--jobs", "1024"),
           std::pair("--forecast", "10000")}) {
-      if (std::string(bad).empty()) continue;
       EXPECT_EQ(FitError({std::string(option) + "=" + bad}),
                 std::string(option) + ": '" + bad + "' is not a whole number from 1 to " + most);
     }
   }
 }
+TEST(OptionsError, EmptyValuesAreNoValues) {
+  for (const char* option : {"--variable", "--id", "--time", "--model", "--season", "--transform",
+                             "--format", "--name", "--forecast", "--plot", "--jobs"}) {
+    EXPECT_EQ(FitError({option, ""}), std::string(option) + ": the value is empty");
+  }
+  EXPECT_EQ(FitError({"-o", ""}), "--output: the value is empty");
+  EXPECT_EQ(ErrorOf([] { ParseCommandLine({"fit", ""}); }), "SERIES.csv: the value is empty");
+}
+TEST(Options, DescriptorMayBeEmpty) { EXPECT_EQ(Fit({"--descriptor", ""}).descriptor, ""); }
 TEST(OptionsError, UnknownValues) {
   EXPECT_EQ(FitError({"--model", "arima"}),
             "--model: 'arima' is none of auto, simple, brown, holt, damped-trend, simple-seasonal, "
