@@ -64,6 +64,20 @@ bool IsRunningNumber(const CsvTable& table, std::size_t column, std::optional<st
   return true;
 }
 
+bool IsTimeOrNumber(const CsvCell& cell) {
+  return IsNumberCell(cell) || ParseTime(cell.text).value || IsMissingCell(cell);
+}
+
+// The first case in the place of the names would be lost without a word. Row numbers have no name,
+// and then numbers may well name the columns beside them.
+void CheckFirstLine(const CsvTable& table) {
+  const std::vector<CsvCell>& header = table.header;
+  if (IsMissingCell(header.front())) return;
+  if (!std::all_of(header.begin(), header.end(), IsTimeOrNumber)) return;
+  throw InputError(table.file, header.front().place,
+                   "the first line holds no names of columns but times or numbers");
+}
+
 // Finds the roles of one table.
 class Chooser {
  public:
@@ -156,6 +170,8 @@ class Chooser {
 }  // namespace
 
 ColumnRoles ChooseColumns(const CsvTable& table, const ColumnRequest& request) {
+  const bool named = !request.time.empty() || !request.id.empty() || !request.variables.empty();
+  if (!named) CheckFirstLine(table);
   return Chooser(table, request).Choose();
 }
 

@@ -33,7 +33,8 @@ struct ColumnRoles {
 //   - the variables are all columns of numbers but the time: those in which at least every second
 //     cell that is not missing is a number. The words among them are errors that reading tells.
 //     A column of rising whole numbers without a name holds row numbers and is passed over.
-// Throws InputError when no column of numbers is left, or one of them has no name.
+// Throws InputError when no column of numbers is left, or one of them has no name; and when nothing
+// is asked for and all names are times or numbers, the first one included: a case, not names.
 ColumnRoles ChooseColumns(const CsvTable& table, const ColumnRequest& request);
 
 }  // namespace tsx::cli

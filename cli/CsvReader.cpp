@@ -47,9 +47,9 @@ class Scanner {
     while (At(' ') || At('\t')) Take();
   }
 
-  // Whether nothing but line ends is left.
-  bool OnlyLineEndsLeft() const {
-    return text_.find_first_not_of("\r\n", position_) == std::string_view::npos;
+  // Whether nothing but empty lines is left; blanks around cells do not count.
+  bool OnlyEmptyLinesLeft() const {
+    return text_.find_first_not_of("\r\n\t ", position_) == std::string_view::npos;
   }
 
   [[noreturn]] void Fail(Place place, const std::string& cause) const {
@@ -188,12 +188,12 @@ CsvTable ParseCsv(std::string file, std::string_view bytes) {
   table.file = std::move(file);
   CheckBytes(table.file, bytes);
   Scanner in(table.file, bytes);
-  if (in.OnlyLineEndsLeft()) in.Fail({1, 1}, "the file is empty");
+  if (in.OnlyEmptyLinesLeft()) in.Fail({1, 1}, "the file is empty");
 
   table.separator = ChooseSeparator(bytes);
   table.header = TakeRow(in, table.separator);
   CheckHeader(table);
-  while (!in.OnlyLineEndsLeft()) {
+  while (!in.OnlyEmptyLinesLeft()) {
     table.rows.push_back(TakeRow(in, table.separator));
     CheckLength(table, table.rows.back());
   }

@@ -62,6 +62,21 @@ TEST(ColumnRoles, RowNumbersWithoutANameArePassedOver) {
 TEST(ColumnRoles, RowNumbersWithoutANameAreTheTimeWhereThereIsNoOther) {
   EXPECT_EQ(Choose(",y\n0,5\n1,6\n").time, 0U);
 }
+TEST(ColumnRoles, FirstLineOfTimesAndNumbersNamesNoColumns) {
+  const std::string cause = ": the first line holds no names of columns but times or numbers";
+  EXPECT_EQ(ChooseError("1949-01,112\n1949-02,118\n"), "table.csv:1:1" + cause);
+  EXPECT_EQ(ChooseError("112\n118\n132\n"), "table.csv:1:1" + cause);
+  EXPECT_EQ(ChooseError("1871;1,5;NA;\n1872;2;3;4\n"), "table.csv:1:1" + cause);
+}
+TEST(ColumnRoles, YearsMayNameColumnsBesideAWord) {
+  EXPECT_EQ(Choose("month,1949,1950\n1,5,7\n2,6,8\n").variables, (Columns{1, 2}));
+}
+TEST(ColumnRoles, NumbersMayNameColumnsBesideRowNumbers) {
+  EXPECT_EQ(Choose(",0,1\n0,5,7\n1,6,8\n").variables, (Columns{1, 2}));
+}
+TEST(ColumnRoles, NumberNamesAColumnThatTheCommandLineNames) {
+  EXPECT_EQ(Choose("0,1\n5,7\n6,8\n", {"", "", {"1"}}).variables, Columns{1});
+}
 TEST(ColumnRoles, VariablesKeepTheOrderOfTheCommandLine) {
   EXPECT_EQ(Choose("date,a,b\n1,5,6\n", {"", "", {"b", "a"}}).variables, (Columns{2, 1}));
 }

@@ -38,6 +38,9 @@ TEST(Csv, ByteOrderMarkIsPassedOver) {
   EXPECT_EQ(table.header[1].place, (Place{1, 6}));
 }
 TEST(Csv, EmptyLinesAtTheEndArePassedOver) { EXPECT_EQ(Table("a,b\n1,2\n\r\n\n").rows.size(), 1U); }
+TEST(Csv, LinesOfBlanksAtTheEndArePassedOver) {
+  EXPECT_EQ(Table("a,b\n1,2\n  \n\t\r\n ").rows.size(), 1U);
+}
 TEST(Csv, BlanksAroundCellsDoNotCount) {
   EXPECT_EQ(Texts(Table("a , b\n 1\t,  2 \n").rows[0]), (Strings{"1", "2"}));
 }
@@ -74,6 +77,7 @@ TEST(Csv, ColumnsCountCharactersNotBytes) {
 TEST(CsvError, EmptyFile) { EXPECT_EQ(ParseError(""), "table.csv:1:1: the file is empty"); }
 TEST(CsvError, FileOfLineEnds) {
   EXPECT_EQ(ParseError("\n\r\n"), "table.csv:1:1: the file is empty");
+  EXPECT_EQ(ParseError(" \n"), "table.csv:1:1: the file is empty");
 }
 TEST(CsvError, HeaderAlone) {
   EXPECT_EQ(ParseError("date,value\n"), "table.csv:2:1: there is no line after the header");
