@@ -133,13 +133,14 @@ void WriteAll(const std::vector<FittedSeries>& fitted, const FitOptions& options
                                      .season_length = options.model.season_length,
                                      .first_case_day = options.first_case_day});
   }
+  std::string drawing;
+  if (!options.plot.empty()) drawing = PlotText(fitted, PlotHorizon(fitted, options));
+
   const bool toFile = !options.output.empty() && options.output != "-";
   std::optional<SafeFile> modelFile;
   std::optional<SafeFile> plotFile;
   if (toFile) modelFile.emplace(options.output, document);
-  if (!options.plot.empty()) {
-    plotFile.emplace(options.plot, PlotText(fitted, PlotHorizon(fitted, options)));
-  }
+  if (!options.plot.empty()) plotFile.emplace(options.plot, drawing);
   if (modelFile) modelFile->Commit();
   if (plotFile) plotFile->Commit();
 
