@@ -278,7 +278,8 @@ void ExpectTreeUnchangedWhereverMemoryRunsOut(const TSFModel& model,
       EXPECT_EQ(imp.GetModelCount(), 0U);
       std::ostringstream out;
       EXPECT_FALSE(imp.WriteToStream(out, true));
-      EXPECT_TRUE(imp.AddModelTree(model, Refs()));
+      const TSXDictionaryRefs undated("m", "", "y", predictorIDs);
+      EXPECT_TRUE(imp.AddModelTree(model, undated));
       EXPECT_TRUE(imp.WriteToStream(out, true));
       EXPECT_EQ(out.str().find("DateSpecification"), std::string::npos) << "marked";
       throw;
