@@ -6,9 +6,9 @@
 # Several starts, tight tolerance, both initial covariances; the best is kept. Denominators are
 # profiled: an outer search over delta with arima inside. Signs are turned to Box and Jenkins'.
 # Writes model,method,quantity,index,value.
+source("arima_best.R")
 set.seed(20)
 models <- read.csv("arima_models.csv", colClasses = "character")
-lags <- function(text) as.integer(strsplit(text, " ")[[1]])
 read <- function(series, column) read.csv(file.path("..", "data", paste0(series, ".csv")))[[column]]
 change <- function(x, m) {
   for (i in seq_len(m$d)) x <- diff(x)
@@ -39,40 +39,6 @@ columns <- function(p, m, delta) {
   out
 }
 
-fit_once <- function(z, X, m, method, init = NULL, ssinit = "Gardner1980", transform = TRUE) {
-  order <- c(length(lags(m$ar)), 0, length(lags(m$ma)))
-  seasonal <- list(order = c(length(lags(m$sar)), 0, length(lags(m$sma))), period = m$season)
-  tryCatch(suppressWarnings(arima(z, order, seasonal, xreg = X, include.mean = FALSE, method = method,
-                                  init = init, SSinit = ssinit, transform.pars = transform && method == "ML",
-                                  optim.control = list(reltol = 1e-14, maxit = 2000))),
-           error = function(e) NULL)
-}
-
-# The likelihood is the same at inverted MA roots, where the sum of squares is not the one sought.
-invertible <- function(f) {
-  theta <- f$model$theta
-  theta <- c(1, theta[seq_len(max(0, which(abs(theta) > 1e-12)))])
-  length(theta) == 1 || all(Mod(polyroot(theta)) > 1 - 1e-6)
-}
-
-# The best of several starts.
-fit <- function(z, X, m, method, starts = 6) {
-  score <- function(f) if (is.null(f) || !invertible(f)) Inf else if (method == "CSS") f$sigma2 else -f$loglik
-  best <- fit_once(z, X, m, method)
-  for (ssinit in if (method == "ML") c("Gardner1980", "Rossignol2011") else "Gardner1980")
-    for (i in seq_len(starts)) {
-      start <- coef(best)
-      arma <- sum(best$arma[1:4])
-      if (arma && i > 1) start[seq_len(arma)] <- start[seq_len(arma)] * runif(arma, 0.2, 1)
-      f <- fit_once(z, X, m, method, init = start, ssinit = ssinit)
-      if (score(f) < score(best)) best <- f
-    }
-  # At its optimum once more without the transformation of the AR part: the Hessian is then direct.
-  f <- fit_once(z, X, m, method, init = coef(best), transform = FALSE)
-  if (score(f) <= score(best) + 1e-9) best <- f
-  best
-}
-
 tell <- function(m) {
   m$season <- as.integer(m$season); m$d <- as.integer(m$d); m$D <- as.integer(m$D)
   y <- read(m$series, m$column)
@@ -94,22 +60,13 @@ tell <- function(m) {
     delta <- 0
     if (den) delta <- optimize(function(g) value(fit(z[used], design(g), m, method, 1)), c(0.05, 0.95), tol = 1e-9)$minimum
     f <- fit(z[used], design(delta), m, method)
-    p <- length(lags(m$ar)); P <- length(lags(m$sar)); q <- length(lags(m$ma)); Q <- length(lags(m$sma))
-    a <- c(seq_len(p), p + q + seq_len(P))
-    b <- c(p + seq_len(q), p + q + P + seq_len(Q))
-    k <- p + q + P + Q
-    const <- if (m$constant == "1") k + 1 else integer(0)
-    rest <- setdiff(seq_along(coef(f)), c(a, b, const))
-    at <- c(const, a, b, rest)
-    v <- unname(coef(f))
-    v[b] <- -v[b]
-    se <- sqrt(diag(as.matrix(f$var.coef)))
-    n_used <- sum(!is.na(z[used])) - if (method == "CSS") max(p, lags(m$ar), 0) + max(0, lags(m$sar)) else 0
+    told <- in_order(f, m)
+    n_used <- sum(!is.na(z[used])) - if (method == "CSS") max(0, lags(m$ar)) + max(0, lags(m$sar)) else 0
     label <- if (method == "ML") "ml" else "cls"
     # The denominator stands after its numerator and before the outliers; no model here has both.
-    say(m$model, label, "coefficient", c(v[at], if (den) delta))
+    say(m$model, label, "coefficient", c(told$coefficient, if (den) delta))
     # Given the denominator, so too small: only without one are they comparable.
-    if (!den) say(m$model, label, "std_error", unname(se[at]))
+    if (!den) say(m$model, label, "std_error", told$std_error)
     if (method == "ML") say(m$model, label, "log_likelihood", f$loglik)
     if (method == "ML") say(m$model, label, "sum_of_squares", f$sigma2 * n_used)
     if (method == "CSS") {

@@ -115,13 +115,17 @@ class Fit:
         return -exact.concentrated(s, log_det, self.n)
 
     def profile(self, x, dtype=float):
-        """Objective and best regression coefficients at x."""
+        """Objective and best regression coefficients at x; large where x is not admissible."""
         if not self.admissible(x):
             return 1e10, None
         try:
-            u, log_det = self.whitened(x, self.table(x), dtype)
+            return self.profile_anywhere(x, dtype)
         except np.linalg.LinAlgError:
             return 1e10, None
+
+    def profile_anywhere(self, x, dtype=LONG):
+        """The same for any stationary x: an MA root may lie on or inside the unit circle."""
+        u, log_det = self.whitened(x, self.table(x), dtype)
         v, W = u[:, 0], u[:, 1:]
         b = np.zeros(0, dtype)
         if W.shape[1]:
@@ -145,20 +149,20 @@ class Fit:
         u, _ = self.whitened(x, self.table(x), float)
         return u[:, 0] - (u[:, 1:] @ b if len(b) else 0)
 
-    def search(self, starts):
+    def climb(self, starts):
+        """The best end of simplex searches from the starts: AR, MA and denominators."""
         f = lambda x: float(self.profile(x)[0])
-        best = None
-        for x in starts:
-            x = np.array(x, float)
-            if not self.admissible(x):
-                continue
-            for _ in range(2 if len(x) else 0):
+        best = np.zeros(0)
+        for x in starts if self.nonlinear else []:
+            for _ in range(2):
                 x = minimize(f, x, method="Nelder-Mead", options=dict(xatol=1e-9, fatol=1e-11, maxiter=4000)).x
-            if best is None or f(x) < f(best):
+            if not len(best) or f(x) < f(best):
                 best = x
-        x = best if best is not None else np.zeros(0)
-        at = self.join(x, self.profile(x)[1])
-        return self.newton(at)
+        return best
+
+    def search(self, starts):
+        x = self.climb(starts)
+        return self.newton(self.join(x, self.profile(x)[1]))
 
     def newton(self, at):
         """Newton's steps in all coefficients, to the rounding of the objective."""
@@ -294,7 +298,7 @@ def statsmodels_fit(model, starts, deltas):
                  seasonal_order=seasonal, trend="n")
     best = None
     for start in [None] + starts:
-        for method in ("lbfgs", "bfgs", "nm"):
+        for method in ("lbfgs", "bfgs"):  # its simplex lets the variance go to 0, where it sees no errors
             try:
                 r = sm.fit(start_params=start, method=method, disp=False, maxiter=2000)
             except Exception as error:  # a start that statsmodels refuses
