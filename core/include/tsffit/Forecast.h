@@ -17,12 +17,17 @@ struct Forecasts {
 };
 
 // Forecasts `horizon` periods from the model's final state alone, with limits that hold with
-// probability `confidence`, between 0 and 1. Empty lists when the model is empty, when its state is
-// not that of a smoothing model or lacks a number that the recursion needs, and when `confidence`
-// is no probability. Without an error variance, standard errors and limits are missing.
+// probability `confidence`, between 0 and 1. Empty lists when the model is empty, when its state
+// lacks a number that the recursion needs, and when `confidence` is no probability. Without an
+// error variance, standard errors and limits are missing.
 //
-// On the modelled scale the forecast h periods ahead is, with L, T, S and the phase of
-// ESForecastState::SmState and phi_h = phi + phi^2 + .. + phi^h (h when the trend is not damped),
+// An ARIMA model without predictors is forecast in the same call (Arima.h has the model and the
+// overload for predictors): its means and variances are those of the state of its method, carried
+// on.
+//
+// On the modelled scale of a smoothing model the forecast h periods ahead is, with L, T, S and the
+// phase of ESForecastState::SmState and phi_h = phi + phi^2 + .. + phi^h (h when the trend is not
+// damped),
 //   q_h = L + phi_h T,  and q_h, q_h + S_h or q_h S_h by the kind's season
 //   (Brown: q_h = L + T (h - 1 + 1 / a)).
 //
