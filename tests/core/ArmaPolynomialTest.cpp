@@ -1,0 +1,159 @@
+// Polynomials, partial autocorrelations and autocovariances by hand-worked cases and closed forms.
+
+#include <cmath>
+#include <gtest/gtest.h>
+
+#include "arima/Autocovariance.h"
+#include "arima/Effects.h"
+#include "arima/Polynomial.h"
+#include "arima/SearchSpace.h"
+
+namespace tsffit {
+namespace {
+
+void ExpectClose(const std::vector<double>& actual, const std::vector<double>& expected,
+                 double tolerance = 1e-14) {
+  ASSERT_EQ(actual.size(), expected.size());
+  for (std::size_t i = 0; i < actual.size(); ++i) EXPECT_NEAR(actual[i], expected[i], tolerance);
+}
+
+TEST(Polynomial, FactorHasMinusItsCoefficientsAtItsLags) {
+  ExpectClose(Minus(1, {1, 3}, std::vector{0.5, -0.2}), {1, -0.5, 0, 0.2});
+  ExpectClose(Minus(2.5, {}, {}), {2.5});
+}
+
+TEST(Polynomial, ProductOfFactorsHasTheCrossTerm) {
+  ExpectClose(Product({1, -0.4}, {1, 0, 0, 0, -0.6}), {1, -0.4, 0, 0, -0.6, 0.24});
+  ExpectClose(Product({1, 2, 3}, {2}), {2, 4, 6});
+}
+
+TEST(Polynomial, DifferencesMultiplyOut) {
+  ExpectClose(DifferencePolynomial(0, 0, 12), {1});
+  ExpectClose(DifferencePolynomial(3, 0, 1), {1, -3, 3, -1});
+  ExpectClose(DifferencePolynomial(1, 1, 4), {1, -1, 0, 0, -1, 1});
+  ExpectClose(DifferencePolynomial(0, 2, 2), {1, 0, -2, 0, 1});
+}
+
+TEST(Polynomial, QuotientIsTheSeries) {
+  ExpectClose(Quotient({1, -0.5}, {1, -0.8}, 4), {1, 0.3, 0.24, 0.192});
+  ExpectClose(Quotient({3}, {1, 0, -0.5}, 5), {3, 0, 1.5, 0, 0.75});
+  ExpectClose(Quotient({1, -1}, {1, -1}, 3), {1, 0, 0});
+  EXPECT_TRUE(Quotient({1}, {1}, 0).empty());
+}
+
+TEST(Polynomial, QuotientTimesDenominatorIsTheNumerator) {
+  const Polynomial numerator = {1, 0.3, -0.7};
+  const Polynomial denominator = {1, -0.9, 0.4, 0, 0.2};
+  Polynomial back = Product(Quotient(numerator, denominator, 30), denominator);
+  back.resize(30);
+  Polynomial expected = numerator;
+  expected.resize(30);
+  ExpectClose(back, expected);
+}
+
+TEST(Polynomial, PsiWeightsOfAnIntegratedMovingAverage) {
+  // (1 - 0.4 B) / (1 - B)
+  ExpectClose(PsiWeights(ArmaOf({1, -1}, {1, -0.4}), 4), {1, 0.6, 0.6, 0.6});
+}
+
+TEST(Stability, IsThatOfTheRoots) {
+  EXPECT_TRUE(IsStable({1}));
+  EXPECT_TRUE(IsStable({1, -0.99999}));
+  EXPECT_FALSE(IsStable({1, -1}));
+  EXPECT_FALSE(IsStable({1, 1}));
+  EXPECT_TRUE(IsStable(Product({1, -0.7}, {1, -0.8})));
+  EXPECT_FALSE(IsStable(Product({1, -0.7}, {1, -1.25})));
+  EXPECT_TRUE(IsStable({1, -1.891566, 0.9801}));  // a pair of modulus 1 / 0.99
+  EXPECT_FALSE(IsStable({1, -1.9, 1.0001}));
+  EXPECT_FALSE(IsStable({1, -0.5, -0.5}));  // 1 is a root
+  EXPECT_TRUE(IsStable({1, -0.5, 0, -0.2, 0, 0, 0, 0, 0, -0.25}));
+  EXPECT_FALSE(IsStable({1, 0, 0, 0, -1.0000001}));
+}
+
+TEST(PartialAutocorrelations, OfTheSecondOrder) {
+  // phi_22 = r_2, phi_21 = r_1 (1 - r_2)
+  ExpectClose(FromPartials(std::vector{0.5, 0.3}), {0.35, 0.3});
+  ExpectClose(*ToPartials(std::vector{0.35, 0.3}), {0.5, 0.3});
+}
+
+TEST(PartialAutocorrelations, ThereAndBackAgain) {
+  const std::vector<double> partials = {0.9, -0.8, 0.1, 0.99, -0.5, 0.7, 0, -0.95};
+  for (std::size_t count = 0; count <= partials.size(); ++count) {
+    const std::span<const double> some = std::span(partials).first(count);
+    ExpectClose(*ToPartials(FromPartials(some)), {some.begin(), some.end()}, 1e-10);
+  }
+}
+
+TEST(PartialAutocorrelations, InsideTheUnitIntervalMeanStability) {
+  for (const double last : {0.999, -0.999}) {
+    Polynomial p = {1};
+    for (const double c : FromPartials(std::vector{0.9, -0.8, 0.7, last})) p.push_back(-c);
+    EXPECT_TRUE(IsStable(p));
+  }
+  EXPECT_FALSE(ToPartials(std::vector{0.5, 1.0}));
+  EXPECT_FALSE(ToPartials(std::vector{0.7, 0.3}));  // 1 - 0.7 - 0.3 = 0
+}
+
+TEST(Autocovariance, OfTheFirstOrder) {
+  for (const double phi : {0.5, -0.9, 0.999, 0.99999}) {
+    const double variance = 1 / ((1 - phi) * (1 + phi));
+    const auto gamma = Autocovariances(ArmaOf({1, -phi}, {1}), 4);
+    for (std::size_t k = 0; k < 4; ++k) {
+      const double expected = variance * std::pow(phi, static_cast<double>(k));
+      EXPECT_NEAR(gamma[k], expected, 1e-10 * std::abs(expected)) << phi << ' ' << k;
+    }
+  }
+}
+
+TEST(Autocovariance, OfMovingAverages) {
+  ExpectClose(Autocovariances(ArmaOf({1}, {1, -0.4}), 3), {1.16, -0.4, 0});
+  ExpectClose(Autocovariances(ArmaOf({1}, {1, -1}), 3), {2, -1, 0});
+  // (1 - 0.4 B)(1 - 0.6 B^4): products of the factors' own
+  ExpectClose(Autocovariances(ArmaOf({1}, Product({1, -0.4}, {1, 0, 0, 0, -0.6})), 7),
+              {1.16 * 1.36, -0.4 * 1.36, 0, 0.4 * 0.6, -1.16 * 0.6, 0.4 * 0.6, 0});
+}
+
+TEST(Autocovariance, OfOneAutoregressiveAndOneMovingAverageTerm) {
+  const double phi = 0.8;
+  const double theta = -0.5;
+  const double share = 1 / (1 - phi * phi);
+  const double first = (1 - phi * theta) * (phi - theta) * share;
+  ExpectClose(Autocovariances(ArmaOf({1, -phi}, {1, -theta}), 3),
+              {(1 - 2 * phi * theta + theta * theta) * share, first, phi * first});
+}
+
+TEST(Autocovariance, OfTheSecondOrder) {
+  const double phi1 = 1.891566;
+  const double phi2 = -0.9801;
+  const double variance = (1 - phi2) / ((1 + phi2) * ((1 - phi2) * (1 - phi2) - phi1 * phi1));
+  const double first = phi1 / (1 - phi2) * variance;
+  ExpectClose(Autocovariances(ArmaOf({1, -phi1, -phi2}, {1}), 3),
+              {variance, first, phi1 * first + phi2 * variance}, 1e-8);
+}
+
+TEST(Autocovariance, OfEqualFactorsIsThatOfWhiteNoise) {
+  ExpectClose(Autocovariances(ArmaOf({1, -0.8}, {1, -0.8}), 3), {1, 0, 0});
+}
+
+TEST(Autocovariance, OfTheStateSolvesTheStateEquation) {
+  const Arma arma = ArmaOf(Product({1, -0.5, 0.2}, {1, 0, 0, 0, -0.7}),
+                           Product({1, 0.4, 0.1}, {1, 0, 0, 0, -0.3, 0, 0, 0, 0.2}));
+  const auto r = static_cast<Eigen::Index>(arma.StateLength());
+  Eigen::MatrixXd transition = Eigen::MatrixXd::Zero(r, r);
+  Eigen::VectorXd shock = Eigen::VectorXd::Zero(r);
+  shock[0] = 1;
+  for (std::size_t k = 0; k < arma.ar.size(); ++k) {
+    transition(static_cast<Eigen::Index>(k), 0) = arma.ar[k];
+  }
+  for (std::size_t k = 0; k < arma.ma.size(); ++k) {
+    shock[static_cast<Eigen::Index>(k + 1)] = arma.ma[k];
+  }
+  for (Eigen::Index i = 0; i + 1 < r; ++i) transition(i, i + 1) = 1;
+  const Eigen::MatrixXd p = StationaryCovariance(arma);
+  const Eigen::MatrixXd next = transition * p * transition.transpose() + shock * shock.transpose();
+  EXPECT_LT((p - next).cwiseAbs().maxCoeff(), 1e-13 * p.cwiseAbs().maxCoeff());
+  EXPECT_EQ(p.col(0), StationaryColumn(arma));
+}
+
+}  // namespace
+}  // namespace tsffit
