@@ -3,6 +3,7 @@
 #include <Eigen/Cholesky>
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <optional>
 
 #include <tsfcore/MV.h>
@@ -13,11 +14,16 @@ namespace tsffit {
 
 namespace {
 
-// A searched coefficient that may be moved to both sides, and by how much.
+// Curvature is taken in the coordinates of the search, where nothing is near a border: in the
+// coefficients the likelihood bends too fast for differences beside a unit root. At a maximum the
+// Hessian follows the coordinates as a tensor, so that nothing is lost by it.
 struct Free {
-  std::size_t position = 0;
+  Eigen::Index coordinate = 0;
   double step = 0;
 };
+
+// Of a coordinate that is no coefficient.
+constexpr double kStep = 1e-3;
 
 // The largest step, halved from a thousandth of the coefficient's size, that stays in the region
 // with something to spare; 0 when there is none.
@@ -34,50 +40,103 @@ double StepWithin(const Block& block, std::vector<double> parameters, std::size_
   return 0;
 }
 
-std::vector<Free> FreeCoefficients(const Likelihood& likelihood, const SearchSpace& space,
-                                   const std::vector<double>& parameters) {
-  std::vector<Free> free;
-  const double at = likelihood.CriterionAt(parameters);
-  for (const Block& block : space.Blocks()) {
-    if (IsAtEdge(block, parameters)) continue;
-    for (std::size_t i = 0; i < block.Count(); ++i) {
-      const std::size_t position = block.first + i;
-      const double step = StepWithin(block, parameters, position);
-      if (step == 0) continue;
-      // A coefficient that moves nothing (the decay of an outlier in the last case) has no
-      // curvature.
-      std::vector<double> moved = parameters;
-      moved[position] += step;
-      if (likelihood.CriterionAt(moved) == at) continue;
-      free.push_back({.position = position, .step = step});
+// The likelihood around its maximum.
+class Surroundings {
+ public:
+  Surroundings(const Likelihood& likelihood, const SearchSpace& space, const Evaluation& solution)
+      : likelihood_(likelihood),
+        space_(space),
+        solution_(solution),
+        point_(space.PointAt(solution.parameters)) {
+    const double centre = CriterionAt(point_);
+    Eigen::Index coordinate = 0;
+    for (const Block& block : space.Blocks()) {
+      for (std::size_t i = 0; i < block.Count(); ++i, ++coordinate) {
+        if (IsAtEdge(block, solution.parameters)) continue;
+        const double step = block.HasPartials() || block.kind == BlockKind::kDecay
+                                ? kStep
+                                : StepWithin(block, solution.parameters, block.first + i);
+        // A coefficient that moves nothing (the decay of an outlier in the last case) has no
+        // curvature.
+        if (step == 0 || CriterionAt(Moved(coordinate, step)) == centre) continue;
+        free_.push_back({.coordinate = coordinate, .step = step});
+      }
     }
   }
-  return free;
-}
 
-Eigen::MatrixXd Hessian(const Likelihood& likelihood, const std::vector<Free>& free,
-                        std::vector<double> parameters) {
-  const auto count = static_cast<Eigen::Index>(free.size());
-  Eigen::MatrixXd hessian(count, count);
-  const auto at = [&](std::size_t i, double a, std::size_t j, double b) {
-    std::vector<double> moved = parameters;
-    moved[free[i].position] += a * free[i].step;
-    moved[free[j].position] += b * free[j].step;
-    return likelihood.CriterionAt(moved);
-  };
-  const double centre = likelihood.CriterionAt(parameters);
-  for (std::size_t i = 0; i < free.size(); ++i) {
-    const auto row = static_cast<Eigen::Index>(i);
-    hessian(row, row) =
-        (at(i, 1, i, 0) - 2 * centre + at(i, -1, i, 0)) / (free[i].step * free[i].step);
-    for (std::size_t j = 0; j < i; ++j) {
-      const double mixed = at(i, 1, j, 1) - at(i, 1, j, -1) - at(i, -1, j, 1) + at(i, -1, j, -1);
-      hessian(row, static_cast<Eigen::Index>(j)) = mixed / (4 * free[i].step * free[j].step);
-      hessian(static_cast<Eigen::Index>(j), row) = hessian(row, static_cast<Eigen::Index>(j));
+  const std::vector<Free>& Coordinates() const { return free_; }
+  Eigen::Index Count() const { return static_cast<Eigen::Index>(free_.size()); }
+
+  // Of the criterion, by central differences.
+  Eigen::MatrixXd Hessian() const {
+    Eigen::MatrixXd hessian(Count(), Count());
+    const double centre = CriterionAt(point_);
+    for (Eigen::Index i = 0; i < Count(); ++i) {
+      const auto& [row, step] = free_[static_cast<std::size_t>(i)];
+      hessian(i, i) =
+          (CriterionAt(Moved(row, step)) - 2 * centre + CriterionAt(Moved(row, -step))) /
+          (step * step);
+      for (Eigen::Index j = 0; j < i; ++j) {
+        const auto& [column, other] = free_[static_cast<std::size_t>(j)];
+        double mixed = 0;
+        for (const double a : {1.0, -1.0}) {
+          for (const double b : {1.0, -1.0}) {
+            Eigen::VectorXd moved = Moved(row, a * step);
+            moved[column] += b * other;
+            mixed += a * b * CriterionAt(moved);
+          }
+        }
+        hessian(i, j) = hessian(j, i) = mixed / (4 * step * other);
+      }
     }
+    return hessian;
   }
-  return hessian;
-}
+
+  // Central differences of what `f` makes of the parameters, a vector of length `rows`, a column
+  // for each coordinate; columns of 0 where `f` has no value.
+  template <typename F>
+  Eigen::MatrixXd Slopes(Eigen::Index rows, const F& f) const {
+    Eigen::MatrixXd slopes = Eigen::MatrixXd::Zero(rows, Count());
+    for (Eigen::Index i = 0; i < Count(); ++i) {
+      const auto& [coordinate, step] = free_[static_cast<std::size_t>(i)];
+      const Eigen::VectorXd up = f(ParametersAt(Moved(coordinate, step)));
+      const Eigen::VectorXd down = f(ParametersAt(Moved(coordinate, -step)));
+      if (up.size() == rows && down.size() == rows) slopes.col(i) = (up - down) / (2 * step);
+    }
+    return slopes;
+  }
+
+ private:
+  Eigen::VectorXd Moved(Eigen::Index coordinate, double by) const {
+    Eigen::VectorXd moved = point_;
+    moved[coordinate] += by;
+    return moved;
+  }
+
+  // Those at the edge stay what they are.
+  std::vector<double> ParametersAt(const Eigen::VectorXd& point) const {
+    std::vector<double> parameters = solution_.parameters;
+    if (!space_.Parameters(point, parameters)) return {};
+    for (const Block& block : space_.Blocks()) {
+      if (!IsAtEdge(block, solution_.parameters)) continue;
+      std::copy_n(solution_.parameters.begin() + static_cast<std::ptrdiff_t>(block.first),
+                  block.Count(), parameters.begin() + static_cast<std::ptrdiff_t>(block.first));
+    }
+    return parameters;
+  }
+
+  double CriterionAt(const Eigen::VectorXd& point) const {
+    const std::vector<double> parameters = ParametersAt(point);
+    return parameters.empty() ? std::numeric_limits<double>::infinity()
+                              : likelihood_.CriterionAt(parameters);
+  }
+
+  const Likelihood& likelihood_;
+  const SearchSpace& space_;
+  const Evaluation& solution_;
+  Eigen::VectorXd point_;
+  std::vector<Free> free_;
+};
 
 // The inverse of a positive definite matrix, scaled to a unit diagonal in between.
 std::optional<Eigen::MatrixXd> InversePositive(const Eigen::MatrixXd& matrix) {
@@ -92,72 +151,50 @@ std::optional<Eigen::MatrixXd> InversePositive(const Eigen::MatrixXd& matrix) {
   return scale.asDiagonal() * inverse * scale.asDiagonal();
 }
 
-// How the linear coefficients, diffuse values first, move with the searched ones.
-Eigen::MatrixXd LinearSlopes(const Likelihood& likelihood, const std::vector<Free>& free,
-                             const Evaluation& solution) {
-  Eigen::MatrixXd slopes = Eigen::MatrixXd::Zero(solution.fit.coefficients.size(),
-                                                 static_cast<Eigen::Index>(free.size()));
-  for (std::size_t i = 0; i < free.size(); ++i) {
-    std::vector<double> moved = solution.parameters;
-    moved[free[i].position] += free[i].step;
-    const Evaluation up = likelihood.At(moved);
-    moved[free[i].position] -= 2 * free[i].step;
-    const Evaluation down = likelihood.At(moved);
-    if (!up.usable || !down.usable) continue;
-    slopes.col(static_cast<Eigen::Index>(i)) =
-        (up.fit.coefficients - down.fit.coefficients) / (2 * free[i].step);
-  }
-  return slopes;
-}
-
-// Variances of all coefficients: searched ones (in the order of `free`), then linear ones.
+// Variances of the coordinates together, and of each linear coefficient, diffuse values first.
 struct Variances {
-  Eigen::VectorXd searched;
+  Eigen::MatrixXd coordinates;
   Eigen::VectorXd linear;
 };
 
 // By the inverse of the joint Hessian, put together from that of the profile likelihood (Patefield
 // 1977, "On the maximized likelihood function", Sankhya B 39, 92-96).
-std::optional<Variances> FromHessian(const Likelihood& likelihood, const std::vector<Free>& free,
+std::optional<Variances> FromHessian(const Likelihood& likelihood, const Surroundings& around,
                                      const Evaluation& solution) {
-  const std::optional<Eigen::MatrixXd> searched =
-      InversePositive(Hessian(likelihood, free, solution.parameters));
-  if (!searched) return std::nullopt;
+  const std::optional<Eigen::MatrixXd> coordinates = InversePositive(around.Hessian());
+  if (!coordinates) return std::nullopt;
   const double variance = solution.fit.sse / static_cast<double>(solution.residuals);
-  const Eigen::MatrixXd slopes = LinearSlopes(likelihood, free, solution);
+  const Eigen::MatrixXd slopes =
+      around.Slopes(solution.fit.coefficients.size(), [&](const std::vector<double>& parameters) {
+        return parameters.empty() ? Eigen::VectorXd() : likelihood.At(parameters).fit.coefficients;
+      });
   const Eigen::MatrixXd linear = variance * InverseGram(solution.regressors, solution.fit.dropped) +
-                                 slopes * *searched * slopes.transpose();
-  return Variances{.searched = searched->diagonal(), .linear = linear.diagonal()};
+                                 slopes * *coordinates * slopes.transpose();
+  return Variances{.coordinates = *coordinates, .linear = linear.diagonal()};
 }
 
-std::optional<Variances> FromJacobian(const Likelihood& likelihood, const std::vector<Free>& free,
+std::optional<Variances> FromJacobian(const Likelihood& likelihood, const Surroundings& around,
                                       const Evaluation& solution, unsigned estimated) {
-  const auto count = static_cast<Eigen::Index>(free.size());
+  const Eigen::Index count = around.Count();
   const Eigen::Index linear = solution.regressors.cols();
   Eigen::MatrixXd jacobian(solution.regressors.rows(), count + linear);
   jacobian.rightCols(linear) = solution.regressors;
-  for (Eigen::Index i = 0; i < count; ++i) {
-    const Free& coefficient = free[static_cast<std::size_t>(i)];
-    std::vector<double> moved = solution.parameters;
-    moved[coefficient.position] += coefficient.step;
-    const Eigen::VectorXd up = likelihood.ErrorsAt(moved);
-    moved[coefficient.position] -= 2 * coefficient.step;
-    const Eigen::VectorXd down = likelihood.ErrorsAt(moved);
-    if (up.size() == 0 || down.size() == 0) return std::nullopt;
-    jacobian.col(i) = (up - down) / (2 * coefficient.step);
-  }
-  std::vector<bool> dropped(free.size(), false);
-  dropped.insert(dropped.end(), solution.fit.dropped.begin(), solution.fit.dropped.end());
+  jacobian.leftCols(count) =
+      around.Slopes(jacobian.rows(), [&](const std::vector<double>& parameters) {
+        return parameters.empty() ? Eigen::VectorXd() : likelihood.ErrorsAt(parameters);
+      });
   Eigen::MatrixXd gram = jacobian.transpose() * jacobian;
-  for (std::size_t j = 0; j < dropped.size(); ++j) {
-    const auto at = static_cast<Eigen::Index>(j);
-    if (dropped[j]) gram(at, at) = 1;
+  for (Eigen::Index j = 0; j < linear; ++j) {
+    if (!solution.fit.dropped[static_cast<std::size_t>(j)]) continue;
+    gram.row(count + j).setZero();
+    gram.col(count + j).setZero();
+    gram(count + j, count + j) = 1;
   }
   const std::optional<Eigen::MatrixXd> inverse = InversePositive(gram);
   if (!inverse) return std::nullopt;
   const double variance = solution.fit.sse / static_cast<double>(solution.residuals - estimated);
-  const Eigen::VectorXd diagonal = variance * inverse->diagonal();
-  return Variances{.searched = diagonal.head(count), .linear = diagonal.tail(linear)};
+  return Variances{.coordinates = variance * inverse->topLeftCorner(count, count),
+                   .linear = variance * inverse->diagonal().tail(linear)};
 }
 
 }  // namespace
@@ -165,13 +202,27 @@ std::optional<Variances> FromJacobian(const Likelihood& likelihood, const std::v
 std::vector<double> ArimaStdErrors(const Likelihood& likelihood, const SearchSpace& space,
                                    const Evaluation& solution, unsigned estimated) {
   std::vector<double> errors(solution.parameters.size(), MV::gMissingValue);
-  const std::vector<Free> free = FreeCoefficients(likelihood, space, solution.parameters);
+  const Surroundings around(likelihood, space, solution);
   const std::optional<Variances> variances =
-      likelihood.Method() == ArimaMethod::kCls ? FromJacobian(likelihood, free, solution, estimated)
-                                               : FromHessian(likelihood, free, solution);
+      likelihood.Method() == ArimaMethod::kCls
+          ? FromJacobian(likelihood, around, solution, estimated)
+          : FromHessian(likelihood, around, solution);
   if (!variances) return errors;
-  for (std::size_t i = 0; i < free.size(); ++i) {
-    errors[free[i].position] = std::sqrt(variances->searched[static_cast<Eigen::Index>(i)]);
+
+  const std::vector<std::size_t>& searched = space.Positions();
+  const Eigen::MatrixXd slopes =
+      around.Slopes(space.Dimension(), [&](const std::vector<double>& parameters) {
+        Eigen::VectorXd values(parameters.empty() ? 0 : space.Dimension());
+        for (Eigen::Index i = 0; i < values.size(); ++i) {
+          values[i] = parameters[searched[static_cast<std::size_t>(i)]];
+        }
+        return values;
+      });
+  const Eigen::VectorXd coefficients =
+      (slopes * variances->coordinates * slopes.transpose()).diagonal();
+  for (const Free& free : around.Coordinates()) {
+    errors[searched[static_cast<std::size_t>(free.coordinate)]] =
+        std::sqrt(coefficients[free.coordinate]);
   }
   const std::vector<std::size_t>& linear = likelihood.GetDesign().LinearPositions();
   const std::size_t diffuse = solution.fit.dropped.size() - linear.size();
