@@ -246,9 +246,9 @@ TEST_P(MissingCases, HaveTheDensityWithThemIntegratedOut) {
   const test::DenseLikelihood dense = test::Evaluate(Dense(design));
   ASSERT_TRUE(at.usable);
   EXPECT_EQ(at.residuals, dense.residuals);
-  EXPECT_NEAR(at.fit.sse, dense.sse, 1e-8 * dense.sse);
-  EXPECT_NEAR(at.log_determinant, dense.log_determinant, 1e-8 * (1 + dense.log_determinant));
-  EXPECT_NEAR(at.LogLikelihood(), dense.log_likelihood, 1e-8 * std::abs(dense.log_likelihood));
+  EXPECT_NEAR(at.fit.sse, dense.sse, 1e-10 * dense.sse);
+  EXPECT_NEAR(at.log_determinant, dense.log_determinant, 1e-10 * (1 + dense.log_determinant));
+  EXPECT_NEAR(at.LogLikelihood(), dense.log_likelihood, 1e-10 * std::abs(dense.log_likelihood));
   for (std::size_t j = 0; j < dense.effects.size(); ++j) {
     EXPECT_NEAR(at.parameters[design.LinearPositions()[j]], dense.effects[j],
                 1e-7 * (1e-3 + std::abs(dense.effects[j])));

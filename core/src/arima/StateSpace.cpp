@@ -1,28 +1,12 @@
 #include "arima/StateSpace.h"
 
+#include <algorithm>
 #include <cmath>
+#include <numeric>
 
 #include "arima/Autocovariance.h"
 
 namespace tsffit {
-
-namespace {
-
-// rows 0 .. r-1 of `m` become T times them.
-void StepRows(const Eigen::VectorXd& ar, Eigen::MatrixXd& m) {
-  const Eigen::Index r = ar.size();
-  const Eigen::RowVectorXd first = m.row(0);
-  for (Eigen::Index i = 0; i + 1 < r; ++i) m.row(i) = m.row(i + 1) + ar[i] * first;
-  m.row(r - 1) = ar[r - 1] * first;
-}
-
-// Shifts the rows of the lags of Z down by one and puts `newest` above them.
-void ShiftLags(Eigen::Index r, const Eigen::RowVectorXd& newest, Eigen::MatrixXd& m) {
-  for (Eigen::Index i = m.rows() - 1; i > r; --i) m.row(i) = m.row(i - 1);
-  if (m.rows() > r) m.row(r) = newest;
-}
-
-}  // namespace
 
 StateSpace::StateSpace(const Arma& arma, const Polynomial& difference,
                        const Eigen::MatrixXd& lags) {
@@ -40,51 +24,159 @@ StateSpace::StateSpace(const Arma& arma, const Polynomial& difference,
 
   states_ = Eigen::MatrixXd::Zero(r + m, lags.cols());
   states_.bottomRows(m) = lags;
-  covariance_ = Eigen::MatrixXd::Zero(r + m, r + m);
-  covariance_.topLeftCorner(r, r) = StationaryCovariance(arma);
+  covariance_ = StationaryCovariance(arma);
 }
 
 void StateSpace::Resume(const Eigen::MatrixXd& states, const Eigen::MatrixXd& covariance) {
+  const Eigen::Index r = ar_.size();
   states_ = states;
-  covariance_ = covariance;
+  unknown_.clear();
+  for (Eigen::Index row = states.rows() - 1; row >= r; --row) {
+    if (covariance(row, row) != 0) unknown_.push_back(row);
+  }
+  const auto count = static_cast<Eigen::Index>(unknown_.size());
+  covariance_.resize(r + count, r + count);
+  covariance_.topLeftCorner(r, r) = covariance.topLeftCorner(r, r);
+  for (Eigen::Index i = 0; i < count; ++i) {
+    const Eigen::Index row = unknown_[static_cast<std::size_t>(i)];
+    covariance_.row(r + i).head(r) = covariance.row(row).head(r);
+    for (Eigen::Index j = 0; j <= i; ++j) {
+      covariance_(r + i, r + j) = covariance(row, unknown_[static_cast<std::size_t>(j)]);
+    }
+  }
   started_ = true;
+  unobserved_ = false;
+}
+
+Eigen::MatrixXd StateSpace::Covariance() const {
+  StateSpace whole = *this;
+  whole.KeepUnobserved();
+  std::vector<Eigen::Index> rows(static_cast<std::size_t>(ar_.size()));
+  std::iota(rows.begin(), rows.end(), 0);
+  rows.insert(rows.end(), whole.unknown_.begin(), whole.unknown_.end());
+  Eigen::MatrixXd all = Eigen::MatrixXd::Zero(states_.rows(), states_.rows());
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    for (std::size_t j = 0; j <= i; ++j) {
+      all(rows[i], rows[j]) = all(rows[j], rows[i]) =
+          whole.covariance_(static_cast<Eigen::Index>(i), static_cast<Eigen::Index>(j));
+    }
+  }
+  return all;
 }
 
 void StateSpace::Predict() {
-  const Eigen::Index r = ar_.size();
-  const Eigen::Index m = lags_.size();
+  KeepUnobserved();
   if (started_) {
-    StepRows(ar_, states_);
-    StepRows(ar_, covariance_);
-    covariance_.transposeInPlace();
-    StepRows(ar_, covariance_);
-    covariance_.topLeftCorner(r, r) += shock_ * shock_.transpose();
+    StepStates();
+    StepCovariance();
   }
   started_ = true;
+  PredictObservation();
+  ShiftLags();
+}
 
-  prediction_ = states_.row(0) + lags_.transpose() * states_.bottomRows(m);
-  Eigen::RowVectorXd cross = covariance_.row(0) + lags_.transpose() * covariance_.bottomRows(m);
-  variance_ = cross[0] + cross.tail(m).dot(lags_);
+void StateSpace::StepStates() {
+  const Eigen::Index last = ar_.size() - 1;
+  for (Eigen::Index column = 0; column < states_.cols(); ++column) {
+    double* state = states_.col(column).data();
+    const double first = state[0];
+    for (Eigen::Index i = 0; i < last; ++i) state[i] = state[i + 1] + ar_[i] * first;
+    state[last] = ar_[last] * first;
+  }
+}
 
-  // Z of this period joins the state in the place of its oldest lag.
-  ShiftLags(r, prediction_, states_);
-  ShiftLags(r, cross, covariance_);
-  covariance_.transposeInPlace();
-  for (Eigen::Index i = cross.size() - 1; i > r; --i) cross[i] = cross[i - 1];
-  if (m > 0) cross[r] = variance_;
-  ShiftLags(r, cross, covariance_);
+// alpha_i moves up by one and takes ar_i alpha_0 and its share of the shock. Column by column, from
+// what the next column held.
+void StateSpace::StepCovariance() {
+  const Eigen::Index r = ar_.size();
+  const auto others = static_cast<Eigen::Index>(unknown_.size());
+  const Eigen::VectorXd first = covariance_.col(0);  // with alpha_0
+  Eigen::VectorXd next = Eigen::VectorXd::Zero(r);   // its first r, moved up
+  next.head(r - 1) = first.segment(1, r - 1);
+  const Eigen::VectorXd moved = next + first[0] * ar_;
+  for (Eigen::Index j = 0; j < r; ++j) {
+    const Eigen::Index rest = r - 1 - j;
+    auto column = covariance_.col(j);
+    if (rest > 0) {
+      column.segment(j, rest) = covariance_.col(j + 1).segment(j + 1, rest);
+      column.tail(others) = covariance_.col(j + 1).tail(others);
+    } else {
+      column.tail(others).setZero();
+    }
+    column[r - 1] = 0;
+    column.segment(j, rest + 1) += ar_[j] * moved.tail(rest + 1) + next[j] * ar_.tail(rest + 1) +
+                                   shock_[j] * shock_.tail(rest + 1);
+    column.tail(others) += ar_[j] * first.tail(others);
+  }
+}
+
+void StateSpace::PredictObservation() {
+  const Eigen::Index r = ar_.size();
+  prediction_ = states_.row(0) + lags_.transpose() * states_.bottomRows(lags_.size());
+  cross_ = covariance_.col(0);
+  for (std::size_t i = 0; i < unknown_.size(); ++i) {
+    const double weight = lags_[unknown_[i] - r];
+    const Eigen::Index at = r + static_cast<Eigen::Index>(i);
+    cross_.head(at) += weight * covariance_.row(at).head(at).transpose();
+    const Eigen::Index rest = cross_.size() - at;
+    cross_.tail(rest) += weight * covariance_.col(at).tail(rest);
+  }
+  variance_ = cross_[0];
+  for (std::size_t i = 0; i < unknown_.size(); ++i) {
+    variance_ += lags_[unknown_[i] - r] * cross_[r + static_cast<Eigen::Index>(i)];
+  }
+}
+
+// Z of this period joins the state in the place of its oldest lag.
+void StateSpace::ShiftLags() {
+  const Eigen::Index r = ar_.size();
+  const Eigen::Index m = lags_.size();
+  if (m == 0) return;
+  for (Eigen::Index column = 0; column < states_.cols(); ++column) {
+    double* lags = states_.col(column).data() + r;
+    std::copy_backward(lags, lags + m - 1, lags + m);
+    lags[0] = prediction_[column];
+  }
+  unobserved_ = true;
+  for (Eigen::Index& row : unknown_) ++row;
+  if (unknown_.empty() || unknown_.front() < states_.rows()) return;
+  unknown_.erase(unknown_.begin());
+  const Eigen::Index rest = cross_.size() - r - 1;
+  const Eigen::MatrixXd kept = covariance_.bottomRows(rest);
+  covariance_.conservativeResize(r + rest, r + rest);
+  covariance_.bottomLeftCorner(rest, r) = kept.leftCols(r);
+  covariance_.bottomRightCorner(rest, rest) = kept.rightCols(rest);
+  const Eigen::VectorXd tail = cross_.tail(rest);
+  cross_.conservativeResize(r + rest);
+  cross_.tail(rest) = tail;
+}
+
+void StateSpace::KeepUnobserved() {
+  if (!unobserved_) return;
+  unobserved_ = false;
+  unknown_.push_back(ar_.size());
+  const Eigen::Index count = cross_.size();
+  covariance_.conservativeResize(count + 1, count + 1);
+  covariance_.row(count).head(count) = cross_.transpose();
+  covariance_(count, count) = variance_;
 }
 
 void StateSpace::Observe(const Eigen::RowVectorXd& values) {
   const Eigen::Index r = ar_.size();
-  const bool integrated = lags_.size() > 0;
-  const Eigen::VectorXd gain = covariance_.col(integrated ? r : 0) / variance_;
-  states_ += gain * (values - prediction_);
-  covariance_ -= gain * gain.transpose() * variance_;
-  const Eigen::Index known = integrated ? r : 0;  // the observed element is certain now
-  covariance_.row(known).setZero();
-  covariance_.col(known).setZero();
-  states_.row(known) = values;
+  const Eigen::VectorXd gain = cross_ / variance_;
+  const Eigen::RowVectorXd errors = values - prediction_;
+  states_.topRows(r) += gain.head(r) * errors;
+  for (std::size_t i = 0; i < unknown_.size(); ++i) {
+    states_.row(unknown_[i]) += gain[r + static_cast<Eigen::Index>(i)] * errors;
+  }
+  for (Eigen::Index j = 0; j < gain.size(); ++j) {
+    const Eigen::Index rest = gain.size() - j;
+    covariance_.col(j).tail(rest) -= cross_[j] * gain.tail(rest);
+  }
+  // The observed element is certain now.
+  if (lags_.size() == 0) covariance_.col(0).setZero();
+  states_.row(lags_.size() == 0 ? 0 : r) = values;
+  unobserved_ = false;
 }
 
 StateSpaceRun RunStateSpace(StateSpace& filter, const Eigen::MatrixXd& columns,

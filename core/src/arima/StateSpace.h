@@ -18,7 +18,8 @@ namespace tsffit {
 //   Z_t, Z_(t-1), .., Z_(t-m+1)
 //
 // (Harvey and Pierse 1984). Variances are in units of the innovation variance. Several series that
-// are missing at the same periods go through at once, one column each, as in NoiseFilter.h.
+// are missing at the same periods go through at once, one column each, as in NoiseFilter.h. Of the
+// covariance only what is not zero is kept: alpha and those values of Z that were missing.
 class StateSpace {
  public:
   // Starts from the stationary N and the known values `lags` of Z before the first period: one
@@ -37,20 +38,29 @@ class StateSpace {
 
   // The state after the latest period, one column per series, and its covariance.
   const Eigen::MatrixXd& States() const { return states_; }
-  const Eigen::MatrixXd& Covariance() const { return covariance_; }
+  Eigen::MatrixXd Covariance() const;
 
   // Continues from a state and its covariance.
   void Resume(const Eigen::MatrixXd& states, const Eigen::MatrixXd& covariance);
 
  private:
+  void StepStates();
+  void StepCovariance();
+  void PredictObservation();
+  void ShiftLags();
+  void KeepUnobserved();
+
   Eigen::VectorXd ar_;
   Eigen::VectorXd shock_;  // what an innovation of 1 adds to alpha
   Eigen::VectorXd lags_;   // coefficients of Z_(t-1), .. in Z_t
   bool started_ = false;
   Eigen::MatrixXd states_;
-  Eigen::MatrixXd covariance_;
+  std::vector<Eigen::Index> unknown_;  // rows of the states that hold a missing Z, oldest first
+  Eigen::MatrixXd covariance_;         // lower triangle: of alpha, then of the rows in unknown_
   Eigen::RowVectorXd prediction_;
+  Eigen::VectorXd cross_;  // covariance of the prediction's error with the same
   double variance_ = 0;
+  bool unobserved_ = false;  // the latest Z is neither observed nor in unknown_
 };
 
 // The errors and variances of a whole sample, as the filters of NoiseFilter.h. Rows with `missing`
