@@ -200,6 +200,7 @@ class ArimaFitter {
     model.state = MakeArimaState(likelihood, best, replay, std::move(common));
     model.info = EstimationInfo(Statistics(replay, space, fit));
     model.history = std::valarray<double>(series_.data(), series_.size());
+    model.predictor_count = spec_.GetXCount();
     fit.model = TSFModel(new TSFModelImp(std::move(model)));
   }
 

@@ -1,0 +1,35 @@
+#ifndef TSXPORT_TESTS_RESUME_ARIMACASES_H_
+#define TSXPORT_TESTS_RESUME_ARIMACASES_H_
+
+#include <string>
+#include <vector>
+
+#include <tsfcore/tsfcore.h>
+#include <tsffit/Arima.h>
+
+namespace test {
+
+// A model and the data to fit it to; one case for every feature that a document can tell of.
+struct ArimaCase {
+  std::string name;
+  std::vector<double> series;
+  AMModelSpec::Fields spec;
+  std::vector<std::vector<double>> predictors{};
+};
+
+std::vector<ArimaCase> ArimaCases();
+
+// Missing values behind the first observed one: kMl alone fits those.
+bool HasGaps(const ArimaCase& arimaCase);
+
+// Values for the periods to come: the last `horizon` ones of each predictor once more.
+std::vector<std::vector<double>> Futures(const ArimaCase& arimaCase, std::size_t horizon);
+
+tsffit::ArimaFit Fit(const ArimaCase& arimaCase, tsffit::ArimaMethod method);
+
+// The time-series XML document of the fitted model.
+std::string DocumentOf(const tsffit::ArimaFit& fit);
+
+}  // namespace test
+
+#endif  // TSXPORT_TESTS_RESUME_ARIMACASES_H_
