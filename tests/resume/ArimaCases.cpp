@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <ostream>
 #include <sstream>
 #include <stdexcept>
 #include <utility>
@@ -294,6 +295,41 @@ void AddGapCases(std::vector<ArimaCase>& cases) {
                    {.non_seasonal_diff = 2, .ar = Lags({1}), .ma = Lags({1})}});
 }
 
+// The likelihood starts five cases after the first one: of the values before it only the last one
+// matters to the differences in it.
+void AddGapsBeforeTheLikelihood(std::vector<ArimaCase>& cases) {
+  const Series x = Arma(100, 9500);
+  const Series y = Sum(RunningSum(Arma(100, 9600)), Lagged(x, 4), 2);
+  for (const auto& [name, gaps] :
+       {std::pair("GapFarBeforeTheLikelihood", std::vector<std::size_t>{2}),
+        std::pair("GapJustBeforeTheLikelihood", std::vector<std::size_t>{1, 4, 97, 99})}) {
+    cases.push_back({name,
+                     WithMissing(y, gaps),
+                     {.non_seasonal_diff = 1,
+                      .ma = Lags({1}),
+                      .predictors = {{.delay = 4, .numerator = Lags({1})}}},
+                     {x}});
+  }
+}
+
+// Hardly more values of the noise than the longest lags reach back.
+void AddShortCases(std::vector<ArimaCase>& cases) {
+  const Series noise = Arma(40, 9700);
+  const auto first = [&](std::ptrdiff_t n) { return Series(noise.begin(), noise.begin() + n); };
+  cases.push_back({"FewCasesForASeasonalMovingAverage",
+                   first(14),
+                   {.season_length = 12, .ma = Lags({1}, {12})}});
+  cases.push_back({"FewCasesForALongMovingAverage", first(6), {.ar = Lags({1}), .ma = Lags({4})}});
+  cases.push_back({.name = "FewCasesForALongAutoregression",
+                   .series = first(7),
+                   .spec = {.ar = Lags({5}), .ma = Lags({3})},
+                   .too_short_for_cls = true});
+  cases.push_back(
+      {"FewDifferencesInTheAirlineModel",
+       first(27),
+       {.season_length = 12, .non_seasonal_diff = 1, .seasonal_diff = 1, .ma = Lags({1}, {12})}});
+}
+
 // Outliers count their cases from the first observed one, wherever the series begins.
 Fields LateStart(bool differences) {
   Fields spec = ModelForOutliers(differences);
@@ -325,23 +361,44 @@ void AddLateStartCases(std::vector<ArimaCase>& cases) {
   }
 }
 
-}  // namespace
-
-std::vector<ArimaCase> ArimaCases() {
+std::vector<ArimaCase> AllCases() {
   std::vector<ArimaCase> cases;
   AddPlainCases(cases);
   AddPredictorCases(cases);
   AddOutlierCases(cases);
   AddGapCases(cases);
+  AddGapsBeforeTheLikelihood(cases);
+  AddShortCases(cases);
   AddLateStartCases(cases);
   return cases;
 }
 
-bool HasGaps(const ArimaCase& arimaCase) {
+// Missing values behind the first observed one: kMl alone fits those.
+bool HasGaps(const Series& y) {
   const auto missing = [](double value) { return value == MV::gMissingValue; };
-  const Series& y = arimaCase.series;
   return std::any_of(std::find_if_not(y.begin(), y.end(), missing), y.end(), missing);
 }
+
+}  // namespace
+
+std::vector<FittedCase> FittedCases() {
+  std::vector<FittedCase> cases;
+  for (const ArimaCase& data : AllCases()) {
+    cases.push_back({data, tsffit::ArimaMethod::kMl});
+    if (HasGaps(data.series)) continue;
+    cases.push_back({data, tsffit::ArimaMethod::kMlTheta});
+    if (data.too_short_for_cls) continue;
+    cases.push_back({data, tsffit::ArimaMethod::kCls});
+  }
+  return cases;
+}
+
+std::string NameOf(const FittedCase& fitted) {
+  constexpr const char* kMethods[] = {"Ml", "MlTheta", "Cls"};
+  return fitted.data.name + "By" + kMethods[static_cast<int>(fitted.method)];
+}
+
+void PrintTo(const FittedCase& fitted, std::ostream* out) { *out << NameOf(fitted); }
 
 std::vector<Series> Futures(const ArimaCase& arimaCase, std::size_t horizon) {
   std::vector<Series> futures;

@@ -1,6 +1,7 @@
 #ifndef TSXPORT_TESTS_RESUME_ARIMACASES_H_
 #define TSXPORT_TESTS_RESUME_ARIMACASES_H_
 
+#include <iosfwd>
 #include <string>
 #include <vector>
 
@@ -12,15 +13,22 @@ namespace test {
 // A model and the data to fit it to; one case for every feature that a document can tell of.
 struct ArimaCase {
   std::string name;
-  std::vector<double> series;
-  AMModelSpec::Fields spec;
+  std::vector<double> series{};
+  AMModelSpec::Fields spec{};
   std::vector<std::vector<double>> predictors{};
+  bool too_short_for_cls = false;
 };
 
-std::vector<ArimaCase> ArimaCases();
+// By each of the methods that can fit it.
+struct FittedCase {
+  ArimaCase data;
+  tsffit::ArimaMethod method;
+};
 
-// Missing values behind the first observed one: kMl alone fits those.
-bool HasGaps(const ArimaCase& arimaCase);
+std::vector<FittedCase> FittedCases();
+
+std::string NameOf(const FittedCase& fitted);
+void PrintTo(const FittedCase& fitted, std::ostream* out);
 
 // Values for the periods to come: the last `horizon` ones of each predictor once more.
 std::vector<std::vector<double>> Futures(const ArimaCase& arimaCase, std::size_t horizon);

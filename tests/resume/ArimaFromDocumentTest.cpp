@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
-#include <ostream>
 #include <string>
 #include <vector>
 
@@ -14,25 +13,12 @@
 
 namespace {
 
-using test::ArimaCase;
 using tsffit::ArimaMethod;
 
 constexpr unsigned kHorizon = 24;
 // A document has 15 digits of every number: 5e-15 at worst. What is summed from many of them, and
 // differences undone over two years, keep four or five digits less.
 constexpr double kTolerance = 1e-9;
-
-struct Case {
-  ArimaCase data;
-  ArimaMethod method;
-};
-
-std::string NameOf(const Case& one) {
-  constexpr const char* kMethods[] = {"Ml", "MlTheta", "Cls"};
-  return one.data.name + "By" + kMethods[static_cast<int>(one.method)];
-}
-
-void PrintTo(const Case& one, std::ostream* out) { *out << NameOf(one); }
 
 const char* Element(ArimaMethod method) {
   if (method == ArimaMethod::kMl) return "ARIMAMLState";
@@ -44,7 +30,7 @@ double Back(const std::string& function, double z) {
   return test::Undo(function, function == "squareRoot" ? std::max(z, 0.0) : z);
 }
 
-class ResumeArima : public testing::TestWithParam<Case> {};
+class ResumeArima : public testing::TestWithParam<test::FittedCase> {};
 
 TEST_P(ResumeArima, GivesTheForecastsOfTheCore) {
   const tsffit::ArimaFit fit = test::Fit(GetParam().data, GetParam().method);
@@ -67,18 +53,73 @@ TEST_P(ResumeArima, GivesTheForecastsOfTheCore) {
   }
 }
 
-std::vector<Case> AllCases() {
-  std::vector<Case> cases;
-  for (const ArimaCase& data : test::ArimaCases()) {
-    cases.push_back({data, ArimaMethod::kMl});
-    if (test::HasGaps(data)) continue;
-    cases.push_back({data, ArimaMethod::kMlTheta});
-    cases.push_back({data, ArimaMethod::kCls});
+// The last values of a series of the fit, on the modelled scale, NaN where one is missing.
+test::List Last(const std::vector<double>& values, std::size_t count, const std::string& function) {
+  test::List last;
+  for (std::size_t t = values.size() - count; t < values.size(); ++t) {
+    last.push_back(values[t] == MV::gMissingValue ? std::nan("")
+                                                  : test::Apply(function, values[t]));
   }
-  return cases;
+  return last;
 }
 
-INSTANTIATE_TEST_SUITE_P(EveryFeatureAndMethod, ResumeArima, testing::ValuesIn(AllCases()),
-                         [](const auto& tested) { return NameOf(tested.param); });
+void ExpectSame(const test::List& found, const test::List& expected) {
+  ASSERT_EQ(found.size(), expected.size());
+  for (std::size_t i = 0; i < found.size(); ++i) {
+    EXPECT_EQ(std::isnan(found[i]), std::isnan(expected[i])) << i;
+    if (std::isnan(expected[i])) continue;
+    EXPECT_NEAR(found[i], expected[i], 1e-13 * std::max(1.0, std::abs(expected[i]))) << i;
+  }
+}
+
+TEST_P(ResumeArima, HoldsTheLastValuesAndTheirForecasts) {
+  const std::vector<double>& series = GetParam().data.series;
+  const tsffit::ArimaFit fit = test::Fit(GetParam().data, GetParam().method);
+  const test::ReadArima read = test::ReadDocument(test::DocumentOf(fit));
+  const std::size_t m = test::Degree(read.transformation.differences);
+  const std::size_t count = std::max<std::size_t>(m, 1);
+  ExpectSame(read.state.z, Last(series, count, read.transformation.function));
+  ExpectSame(read.state.predicted_z, Last(fit.fitted, count, read.transformation.function));
+  EXPECT_EQ(read.first_period + static_cast<std::size_t>(read.length), series.size());
+  for (std::size_t t = 0; t <= read.first_period; ++t) {
+    EXPECT_EQ(series[t] == MV::gMissingValue, t < read.first_period) << t;
+  }
+}
+
+TEST_P(ResumeArima, HoldsAsManyValuesAsForecastingNeeds) {
+  const test::ReadArima read =
+      test::ReadDocument(test::DocumentOf(test::Fit(GetParam().data, GetParam().method)));
+  const std::size_t p = test::Degree(read.ar);
+  const std::size_t q = test::Degree(read.ma);
+  const std::size_t m = test::Degree(read.transformation.differences);
+  for (const test::ReadPredictor& predictor : read.predictors) {
+    EXPECT_EQ(predictor.values.size(), test::Degree(predictor.transformation.differences) +
+                                           predictor.transformation.delay +
+                                           test::Degree(predictor.numerator));
+    EXPECT_EQ(predictor.outputs.size(), test::Degree(predictor.denominator));
+  }
+  const test::ReadState& state = read.state;
+  if (state.element == "ARIMAMLState") {
+    const bool withZ = m > 0 && std::any_of(state.z.begin(), state.z.end(),
+                                            [](double z) { return std::isnan(z); });
+    const std::size_t order = std::max(p, q + 1) + (withZ ? m : 0);
+    EXPECT_EQ(state.vector.size(), order);
+    EXPECT_EQ(state.omega.size(), order * (order + 1) / 2);
+    return;
+  }
+  EXPECT_EQ(state.noise.size(), std::max(p, q));
+  EXPECT_EQ(state.predicted_noise.size(), std::max(p, q));
+  if (state.element != "ARIMAMLSpState") return;
+  EXPECT_EQ(state.thetas.size(), q);
+  EXPECT_EQ(state.nu.size(), q);
+  std::size_t i = state.iterations - q;
+  for (const test::List& row : state.thetas) {
+    EXPECT_EQ(row.size(), i < std::max(p, q) ? i : q) << i;
+    ++i;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryFeatureAndMethod, ResumeArima, testing::ValuesIn(test::FittedCases()),
+                         [](const auto& tested) { return test::NameOf(tested.param); });
 
 }  // namespace

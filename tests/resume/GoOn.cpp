@@ -124,7 +124,10 @@ class Filter {
 class Recursion {
  public:
   explicit Recursion(const ReadArima& model)
-      : model_(model), noise_(model.state.noise), z_(model.state.z) {
+      : model_(model),
+        noise_(model.state.noise),
+        z_(model.state.z),
+        values_(model.state.iterations) {
     const List& predicted = model.state.predicted_noise;
     for (std::size_t i = 0; i < noise_.size(); ++i) errors_.push_back(noise_[i] - predicted.at(i));
     if (model.state.element == "ARIMAMLSpState") {
@@ -154,7 +157,7 @@ class Recursion {
     return row;
   }
 
-  // The next row of the innovations algorithm, kappa being the covariances of the moving average.
+  // The next row of the innovations algorithm; it predicts the next value.
   List ContinuedRow() {
     const std::size_t q = Q();
     List row(q);
@@ -169,12 +172,18 @@ class Recursion {
     for (std::size_t j = 1; j <= q; ++j) variance -= row[j - 1] * row[j - 1] * Back(nu_, j);
     thetas_.push_back(row);
     nu_.push_back(variance);
+    ++values_;
     return row;
   }
 
+  // Of the value to predict with that `lag` values before it: the first ones, as many as the
+  // longest lag, are values of N itself, the others of the moving average phi(B) N.
   double Kappa(std::size_t lag) const {
+    const std::size_t other = values_ + 1 - lag;
+    const bool ofNoise = other <= std::max(Degree(model_.ar), Q());
+    const List weights = ofNoise ? Expansion(model_.ma, model_.ar, Q()) : model_.ma;
     double sum = 0;
-    for (std::size_t l = 0; l + lag <= Q(); ++l) sum += model_.ma[l] * model_.ma[l + lag];
+    for (std::size_t l = 0; l + lag <= Q(); ++l) sum += weights[l] * model_.ma[l + lag];
     return sum;
   }
 
@@ -207,6 +216,7 @@ class Recursion {
   List noise_, errors_, z_;
   std::vector<List> thetas_;
   List nu_;
+  std::size_t values_;  // of N so far
   std::vector<List> noise_errors_, z_errors_;
 };
 

@@ -20,7 +20,8 @@ class TSF_EXPORT ARMAMLSpForecastState : public ARMAForecastState {
     std::valarray<double> predicted_n{};  // their one-step forecasts
     // Values of N that the recursion has seen: k.
     std::uint64_t final_iteration_count = 0;
-    // Rows k - q .. k - 1: row i, theta(i, 1) .. theta(i, q), predicts value i + 1.
+    // Rows k - q .. k - 1: row i, theta(i, 1) .. theta(i, q), predicts value i + 1. Where i is
+    // below max(p, q) the row is theta(i, 1) .. theta(i, i).
     std::vector<std::vector<double>> final_thetas{};
     // The variances of these rows' predictions, in units of the error variance.
     std::vector<double> final_nu{};

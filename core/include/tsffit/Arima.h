@@ -33,19 +33,21 @@
 //
 // Outliers o_j with size w from case T on, each through the same differencing as the series:
 //
-//   additive           w at t = T                       seasonal additive  w at T, T + s, T + 2 s,
-//   .. level              w for t >= T                     trend              w (t - T + 1) for t
-//   >= T transient          w d^(t - T) for t >= T, the decay d between 0 and 1, its second
-//   parameter innovational       w theta(B) / (phi(B) D(B)) of a pulse at T, that is w added to a_T
+//   additive           w at t = T
+//   level              w for t >= T
+//   transient          w d^(t - T) for t >= T, the decay d between 0 and 1, its second parameter
+//   seasonal additive  w at t = T, T + s, T + 2 s ..
+//   trend              w (t - T + 1) for t >= T
+//   innovational       w theta(B) / (phi(B) D(B)) of a pulse at T, that is w added to a_T
 //
 // Before the series
 // -----------------
 // The first d + s Ds values of Z are conditioned upon; what follows has the exact likelihood of the
 // stationary process. A predictor that is not differenced is taken to have had its first value for
-// ever (its transfer function starts in the steady state), a differenced one to have been constant
-// (its differences start at 0); and the likelihood starts at the first case where every lag exists:
-// the largest of d + s Ds and, over the predictors, of the degree of D_i plus b_i plus the degree
-// of num_i.
+// ever (its transfer function starts in the steady state); of a differenced one the differences
+// that reach back before its first value are 0; and the likelihood starts at the first case where
+// every lag exists: the largest of d + s Ds and, over the predictors, of the degree of D_i plus b_i
+// plus the degree of num_i.
 //
 // Estimation
 // ----------
