@@ -1,0 +1,118 @@
+#ifndef TSFFIT_AUTOARIMA_H_
+#define TSFFIT_AUTOARIMA_H_
+
+#include <optional>
+#include <span>
+#include <vector>
+
+#include <tsfcore/AMModelSpec.h>
+#include <tsfcore/Export.h>
+#include <tsfcore/TSOutlierSpecList.h>
+#include <tsfcore/TSTransformation.h>
+#include <tsffit/Arima.h>
+#include <tsffit/Outliers.h>
+
+// The ARIMA model found by the embedded core: orders of differencing by tests, the other orders by
+// a stepwise search for the least corrected criterion of Akaike.
+//
+// After Hyndman, R. J. and Khandakar, Y. (2008), "Automatic time series forecasting: the forecast
+// package for R", Journal of Statistical Software 27(3). ARIMA(p,d,q)(P,D,Q)m with or without a
+// constant:
+//
+//   D   A seasonal difference is taken when the strength of the season, 1 - var(remainder) /
+//       var(season + remainder), is above 0.64, as long as D is below its limit and the series
+//       has more than two seasons. Wang, X., Smith, K. and Hyndman, R. (2006),
+//       "Characteristic-based clustering for time series data", Data Mining and Knowledge Discovery
+//       13, 335-364. The decomposition is that of Cleveland, R. B., Cleveland, W. S., McRae, J. E.
+//       and Terpenning, I. (1990), "STL: a seasonal-trend decomposition procedure based on loess",
+//       Journal of Official Statistics 6, 3-73: no robustness iterations, seasonal window 11, trend
+//       window the least odd number from 1.5 m / (1 - 1.5 / 11).
+//   d   Differences are taken while the test of level stationarity of Kwiatkowski, D., Phillips,
+//       P. C. B., Schmidt, P. and Shin, Y. (1992), "Testing the null hypothesis of stationarity
+//       against the alternative of a unit root", Journal of Econometrics 54, 159-178, rejects at
+//       5 % (critical value 0.463, lag truncation 3 sqrt(n) / 13), as long as d is below its limit.
+//
+// Both tests see the transformed series without its missing cases at either end, cleared by least
+// squares of the predictors (each with its delay, none of its lags) and of the outliers given. STL
+// has missing cases inside interpolated linearly, each from its neighbours in the same season of
+// the cycle, their remainders uncounted; the test of stationarity closes the gaps, as if the
+// observed cases followed one another. A difference that would leave a predictor constant is not
+// taken.
+//
+// The search begins at the models (2,2)(1,1), (0,0)(0,0), (1,0)(1,0) and (0,1)(0,1), and (0,0)(0,0)
+// without constant, as far as the limits allow, goes to the best of them and then to the best of
+// its neighbours, until it has none that is better: p, q or both one more or less, P, Q or both one
+// more or less, with the constant and without.
+//
+// The criterion is AICc = -2 LL + 2 k + 2 k (k + 1) / (n - k - 1), where n is the number of
+// residuals and k the number of coefficients estimated plus one for the error variance (Hurvich,
+// C. M. and Tsai, C.-L. 1989, "Regression and time series model selection in small samples",
+// Biometrika 76, 297-307). It is made of the exact likelihood for every model, whatever `method`
+// says about the final fit, and compares models with the same differences only.
+//
+// A model is refused when the fit fails, when n <= k + 1, or when its AR or MA polynomial has a
+// root of modulus below 1.01: such models forecast badly and their likelihood is hard to compute.
+namespace tsffit {
+
+struct AutoArimaOptions {
+  unsigned season_length = 1;  // periods in one season; 1: no seasonal part
+  int function_type = TSTransformation::kNone;
+  ArimaMethod method = ArimaMethod::kMl;  // of the final fit
+
+  // As in AMModelSpec, one for each list of values. Their own orders of differencing are replaced
+  // by those of the series, so that the model is a regression with ARIMA errors, unless
+  // `keep_predictor_differences` is set.
+  std::vector<AMModelSpec::Predictor> predictors{};
+  bool keep_predictor_differences = false;
+
+  TSOutlierSpecList outliers{};  // known ones; cases counted from the first case of the series
+  bool detect_outliers = false;  // look for others: in the model found first, then look for the
+                                 // model again with what there was, then for outliers once more
+  OutlierSearch outlier_search{};
+
+  // Orders of differencing to use whatever the tests would say.
+  std::optional<unsigned> non_seasonal_diff{};
+  std::optional<unsigned> seasonal_diff{};
+
+  // Whether to have a constant. Not told: the search chooses while d + D is at most 1, and there is
+  // none with more differences.
+  std::optional<bool> constant{};
+
+  unsigned max_p = 5;
+  unsigned max_q = 5;
+  unsigned max_P = 2;
+  unsigned max_Q = 2;
+  unsigned max_order = 0;  // of p + q + P + Q; 0: no limit but those above
+  unsigned max_d = 2;
+  unsigned max_D = 1;
+
+  unsigned ljung_box_lags = 18;  // as ArimaOptions
+};
+
+struct AutoArimaFit {
+  // As FitArima; fit.model has the orders found. Its status is kNotIdentified when no model could
+  // be fitted or all were refused, and that of the first reason found against the series when it is
+  // not fit to be modelled: a value outside the domain of the transformation, fewer than
+  // 4 observed cases, no variation, predictors that do not go with the series.
+  ArimaFit fit;
+  double aicc = 0;            // of the model found, by exact likelihood; missing without one
+  unsigned models_tried = 0;  // fits made in the search for the orders
+};
+
+// Finds and fits a model of `series` (first case first, missing cases MV::gMissingValue) on
+// `predictors`, one list for each predictor in `options`, as long as the series and without missing
+// values. Deterministic; never throws on data; memory exhaustion passes through as std::bad_alloc.
+// Any number of threads.
+//
+//   tsffit::AutoArimaOptions options;
+//   options.season_length = 12;
+//   options.function_type = TSTransformation::kLogarithm;
+//   const tsffit::AutoArimaFit found = tsffit::FitAutoArima(passengers, {}, options);
+//   if (found.fit.status != tsffit::FitStatus::kOk) std::cerr << found.fit.message << '\n';
+TSF_EXPORT AutoArimaFit FitAutoArima(std::span<const double> series,
+                                     std::span<const std::vector<double>> predictors,
+                                     const AutoArimaOptions& options);
+
+}  // namespace tsffit
+
+#endif  // TSFFIT_AUTOARIMA_H_
