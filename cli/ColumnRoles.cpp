@@ -85,10 +85,14 @@ class Chooser {
 
   ColumnRoles Choose() {
     if (!request_.id.empty()) roles_.id = ColumnNamed(table_, request_.id, "--id");
-    for (const std::string& name : request_.variables) AddVariable(name);
+    for (const std::string& name : request_.variables) {
+      roles_.variables.push_back(FreeColumn("--variable", name));
+    }
+    for (const std::string& name : request_.predictors) {
+      roles_.predictors.push_back(FreeColumn("--predictor", name));
+    }
     if (!request_.time.empty()) {
-      roles_.time = ColumnNamed(table_, request_.time, "--time");
-      if (IsTaken(*roles_.time)) Clash("--time", request_.time);
+      roles_.time = FreeColumn("--time", request_.time);
     } else {
       roles_.time = FindTime();
     }
@@ -97,22 +101,26 @@ class Chooser {
   }
 
  private:
-  [[noreturn]] static void Clash(const char* option, const std::string& name) {
+  static bool IsAmong(const std::vector<std::size_t>& columns, std::size_t column) {
+    return std::find(columns.begin(), columns.end(), column) != columns.end();
+  }
+
+  // Whether the command line gives the column to --id, --variable or --predictor.
+  bool IsTaken(std::size_t column) const {
+    return roles_.id == column || IsAmong(roles_.variables, column) ||
+           IsAmong(roles_.predictors, column);
+  }
+
+  // Whether the column tells about the variables rather than being one.
+  bool StandsBeside(std::size_t column) const {
+    return roles_.time == column || roles_.id == column || IsAmong(roles_.predictors, column);
+  }
+
+  std::size_t FreeColumn(const char* option, const std::string& name) const {
+    const std::size_t column = ColumnNamed(table_, name, option);
+    if (!IsTaken(column)) return column;
     throw UsageError(std::string(option) + ": column " + Quoted(name) +
                      " has a part to play already");
-  }
-
-  // Whether the command line gives the column to --id or --variable.
-  bool IsTaken(std::size_t column) const {
-    const auto& variables = roles_.variables;
-    return roles_.id == column ||
-           std::find(variables.begin(), variables.end(), column) != variables.end();
-  }
-
-  void AddVariable(const std::string& name) {
-    const std::size_t column = ColumnNamed(table_, name, "--variable");
-    if (IsTaken(column)) Clash("--variable", name);
-    roles_.variables.push_back(column);
   }
 
   std::optional<std::size_t> FindTime() const {
@@ -129,14 +137,14 @@ class Chooser {
 
   bool HasNumbersBeside(std::size_t column) const {
     for (std::size_t i = 0; i < table_.header.size(); ++i) {
-      if (i != column && roles_.id != i && IsColumnOfNumbers(table_, i)) return true;
+      if (i != column && !StandsBeside(i) && IsColumnOfNumbers(table_, i)) return true;
     }
     return false;
   }
 
   void FindVariables() {
     for (std::size_t i = 0; i < table_.header.size(); ++i) {
-      if (roles_.time == i || roles_.id == i || !IsColumnOfNumbers(table_, i)) continue;
+      if (StandsBeside(i) || !IsColumnOfNumbers(table_, i)) continue;
       const bool nameless = table_.header[i].text.empty();
       if (nameless && IsRunningNumber(table_, i, std::nullopt)) continue;
       if (nameless) {
@@ -152,14 +160,16 @@ class Chooser {
   [[noreturn]] void FailWithoutNumbers() const {
     for (const auto& row : table_.rows) {
       for (std::size_t i = 0; i < row.size(); ++i) {
-        if (roles_.time == i || roles_.id == i || IsMissingCell(row[i])) continue;
+        if (StandsBeside(i) || IsMissingCell(row[i])) continue;
         throw InputError(table_.file, row[i].place,
                          Quoted(row[i].text) + " is not a number (column \"" +
                              Printable(table_.header[i].text) + "\"), and no column holds numbers");
       }
     }
     throw InputError(table_.file, table_.header.front().place,
-                     "there is no column of numbers beside the time");
+                     roles_.predictors.empty()
+                         ? "there is no column of numbers beside the time"
+                         : "there is no column of numbers beside time and predictors");
   }
 
   const CsvTable& table_;
@@ -170,7 +180,8 @@ class Chooser {
 }  // namespace
 
 ColumnRoles ChooseColumns(const CsvTable& table, const ColumnRequest& request) {
-  const bool named = !request.time.empty() || !request.id.empty() || !request.variables.empty();
+  const bool named = !request.time.empty() || !request.id.empty() || !request.variables.empty() ||
+                     !request.predictors.empty();
   if (!named) CheckFirstLine(table);
   return Chooser(table, request).Choose();
 }

@@ -1,5 +1,6 @@
 #include "cli/Series.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <map>
 #include <numeric>
@@ -69,22 +70,80 @@ std::string ModelName(const std::string& base, const ColumnRoles& roles, const s
   return Joined(parts, "/");
 }
 
-// Puts the cells of one column and group on their cases.
-void FillValues(Series& series, const CsvTable& table, std::size_t column, const Group& group,
-                NumberReader& numbers, bool skippedAsGaps) {
+constexpr std::size_t kNoRow = static_cast<std::size_t>(-1);
+
+// The cases of a group, and the row of each; kNoRow for skipped ones.
+struct CaseRows {
+  std::vector<std::size_t> cases;
+  std::vector<std::size_t> rows;
+};
+
+CaseRows FindCaseRows(const DateAxis& axis, const Group& group, bool skippedAsGaps) {
+  CaseRows found;
   for (std::size_t i = 0; i < group.rows.size(); ++i) {
-    const std::size_t at = series.axis->row_cases[i];
-    const std::size_t next = series.cases.empty() ? 0 : series.cases.back() + 1;
+    const std::size_t at = axis.row_cases[i];
+    const std::size_t next = found.cases.empty() ? 0 : found.cases.back() + 1;
     for (std::size_t skipped = next; skipped < at && !skippedAsGaps; ++skipped) {
-      series.cases.push_back(skipped);
-      series.values.push_back(MV::gMissingValue);
-      series.places.push_back({});
+      found.cases.push_back(skipped);
+      found.rows.push_back(kNoRow);
     }
-    const CsvCell& cell = table.rows[group.rows[i]][column];
-    series.cases.push_back(at);
-    series.values.push_back(numbers.Read(cell, series.variable));
-    series.places.push_back(cell.place);
+    found.cases.push_back(at);
+    found.rows.push_back(group.rows[i]);
   }
+  return found;
+}
+
+// Reads the cells of one column in these rows.
+void ReadColumn(const CsvTable& table, std::size_t column, const std::vector<std::size_t>& rows,
+                NumberReader& numbers, std::vector<double>& values, std::vector<Place>& places) {
+  for (const std::size_t row : rows) {
+    const bool skipped = row == kNoRow;
+    const std::string& name = table.header[column].text;
+    values.push_back(skipped ? MV::gMissingValue : numbers.Read(table.rows[row][column], name));
+    places.push_back(skipped ? Place{} : table.rows[row][column].place);
+  }
+}
+
+// Makes the values from `count` on the predictor's future, as far as they follow one another.
+void CutPredictor(PredictorColumn& predictor, const std::vector<std::size_t>& cases,
+                  std::size_t count) {
+  for (std::size_t i = count; i < cases.size(); ++i) {
+    if (cases[i] != cases[i - 1] + 1 || predictor.values[i] == MV::gMissingValue) break;
+    predictor.future.push_back(predictor.values[i]);
+    predictor.future_places.push_back(predictor.places[i]);
+  }
+  predictor.values.resize(count);
+  predictor.places.resize(count);
+}
+
+// The axis of the cases up to `last`, one of those that have a row.
+std::shared_ptr<const DateAxis> CutAxis(DateAxis axis, std::size_t last) {
+  std::erase_if(axis.row_cases, [last](std::size_t at) { return at > last; });
+  return std::make_shared<const DateAxis>(std::move(axis));
+}
+
+// Lets the series end with its last value; what predictors have behind it is their future.
+void CutFuture(Series& series) {
+  const auto last = std::find_if(series.values.rbegin(), series.values.rend(),
+                                 [](double value) { return value != MV::gMissingValue; });
+  const auto count = static_cast<std::size_t>(series.values.rend() - last);
+  if (count == 0 || count == series.values.size()) return;
+  for (PredictorColumn& predictor : series.predictors) CutPredictor(predictor, series.cases, count);
+  series.values.resize(count);
+  series.places.resize(count);
+  series.cases.resize(count);
+  series.axis = CutAxis(*series.axis, series.cases.back());
+}
+
+void AddPredictors(Series& series, const CsvTable& table, const ColumnRoles& roles,
+                   const std::vector<std::size_t>& rows, NumberReader& numbers) {
+  for (const std::size_t column : roles.predictors) {
+    PredictorColumn predictor;
+    predictor.name = table.header[column].text;
+    ReadColumn(table, column, rows, numbers, predictor.values, predictor.places);
+    series.predictors.push_back(std::move(predictor));
+  }
+  if (!series.predictors.empty()) CutFuture(series);
 }
 
 }  // namespace
@@ -100,12 +159,15 @@ std::vector<Series> ReadSeries(const CsvTable& table, const SeriesOptions& optio
     const auto axis = AxisOf(table, roles, times, group);
     // Times without a regular step would spread few values over any number of cases.
     const bool skippedAsGaps = options.skipped_as_gaps || !axis->Fault().empty();
+    const CaseRows found = FindCaseRows(*axis, group, skippedAsGaps);
     for (const std::size_t column : roles.variables) {
       Series series;
       series.variable = table.header[column].text;
       series.model_name = ModelName(base, roles, group.id, series.variable);
       series.axis = axis;
-      FillValues(series, table, column, group, numbers, skippedAsGaps);
+      series.cases = found.cases;
+      ReadColumn(table, column, found.rows, numbers, series.values, series.places);
+      AddPredictors(series, table, roles, found.rows, numbers);
       all.push_back(std::move(series));
     }
   }

@@ -12,6 +12,15 @@
 // From a table to the series in it.
 namespace tsx::cli {
 
+// A column that helps to explain a series.
+struct PredictorColumn {
+  std::string name;
+  std::vector<double> values;  // by the cases of the series
+  std::vector<Place> places;
+  std::vector<double> future;  // of the cases behind the series, up to the first one without
+  std::vector<Place> future_places;
+};
+
 struct Series {
   std::string model_name;
   std::string variable;                  // the column's name
@@ -19,6 +28,7 @@ struct Series {
   std::vector<double> values;            // by case; MV::gMissingValue where there is none
   std::vector<std::size_t> cases;        // the axis' case of each value
   std::vector<Place> places;             // where each value stands; line 0 for skipped cases
+  std::vector<PredictorColumn> predictors;
 };
 
 struct SeriesOptions {
@@ -32,6 +42,9 @@ struct SeriesOptions {
 //
 // A model's name is the name given, when there is one variable and no id column; else
 // NAME/VARIABLE, or with an id column NAME/ID, or NAME/ID/VARIABLE with several variables.
+//
+// Where there are predictors a series ends with its last value that is not missing: the rows behind
+// it tell the predictors' future.
 //
 // Throws InputError and UsageError as the readers of cells and columns do.
 std::vector<Series> ReadSeries(const CsvTable& table, const SeriesOptions& options);

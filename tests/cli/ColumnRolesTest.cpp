@@ -115,5 +115,44 @@ TEST(ColumnRolesError, NumbersWithoutAName) {
             "table.csv:1:6: column 2 holds numbers but has no name");
 }
 
+TEST(PredictorRoles, AreNoVariablesByDefault) {
+  const ColumnRoles roles =
+      Choose("date,a,x,b\n2000-01,5,1,3\n2000-02,6,2,4\n", {.predictors = {"x"}});
+  EXPECT_EQ(roles.variables, (Columns{1, 3}));
+  EXPECT_EQ(roles.predictors, Columns{2});
+}
+TEST(PredictorRoles, StandInTheOrderAskedFor) {
+  EXPECT_EQ(Choose("a,x,b\n5,1,3\n6,2,4\n", {.predictors = {"b", "x"}}).predictors,
+            (Columns{2, 1}));
+}
+TEST(PredictorRoles, AreNoTime) {
+  const ColumnRoles roles = Choose("y,month\n5,1\n4,2\n6,3\n", {.predictors = {"month"}});
+  EXPECT_FALSE(roles.time);
+  EXPECT_EQ(roles.variables, Columns{0});
+}
+TEST(PredictorRoles, LeaveTheirSeriesAVariableThoughItRises) {
+  const ColumnRoles roles = Choose("y,x\n5,1\n6,2\n8,3\n", {.predictors = {"x"}});
+  EXPECT_FALSE(roles.time);
+  EXPECT_EQ(roles.variables, Columns{0});
+}
+TEST(PredictorRolesError, UnknownColumn) {
+  EXPECT_EQ(ChooseError("n,y\n1,5\n2,6\n", {.predictors = {"x"}}),
+            "--predictor: table.csv has no column 'x'; it has n, y");
+}
+TEST(PredictorRolesError, ColumnWithAnotherPart) {
+  for (const ColumnRequest& request :
+       {ColumnRequest{.predictors = {"x", "x"}}, ColumnRequest{.id = "x", .predictors = {"x"}},
+        ColumnRequest{.variables = {"x"}, .predictors = {"x"}}}) {
+    EXPECT_EQ(ChooseError("n,y,x\n1,5,1\n2,6,2\n", request),
+              "--predictor: column 'x' has a part to play already");
+  }
+  EXPECT_EQ(ChooseError("n,y,x\n1,5,1\n2,6,2\n", {.time = "x", .predictors = {"x"}}),
+            "--time: column 'x' has a part to play already");
+}
+TEST(PredictorRolesError, NoOtherNumbers) {
+  EXPECT_EQ(ChooseError("x\n5\n7\n", {.predictors = {"x"}}),
+            "table.csv:1:1: there is no column of numbers beside time and predictors");
+}
+
 }  // namespace
 }  // namespace tsx::cli

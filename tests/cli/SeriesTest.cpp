@@ -64,6 +64,67 @@ TEST(Series, LongTableGivesASeriesForEachIdInOrderOfAppearance) {
   EXPECT_EQ(all[1].values, (Values{2, 4}));
 }
 
+Series WithPredictor(std::string_view text, bool gaps = false) {
+  SeriesOptions options;
+  options.columns.predictors = {"x"};
+  options.skipped_as_gaps = gaps;
+  return ReadSeries(Table(text), options).front();
+}
+
+TEST(Predictors, AreReadBesideTheSeries) {
+  const Series series = WithPredictor("date,y,x\n2020-01,1,10\n2020-02,,20\n2020-04,4,\n");
+  EXPECT_EQ(series.variable, "y");
+  ASSERT_EQ(series.predictors.size(), 1U);
+  EXPECT_EQ(series.predictors[0].name, "x");
+  EXPECT_EQ(series.predictors[0].values, (Values{10, 20, MV::gMissingValue, MV::gMissingValue}));
+  EXPECT_EQ(series.predictors[0].places[1], (Place{3, 10}));
+  EXPECT_EQ(series.predictors[0].places[2].line, 0U);
+}
+TEST(Predictors, SeriesEndsWithItsLastValue) {
+  const Series series =
+      WithPredictor("date,y,x\n2020-01,1,10\n2020-02,2,20\n2020-03,,30\n2020-04,,40\n");
+  EXPECT_EQ(series.values, (Values{1, 2}));
+  EXPECT_EQ(series.cases, (std::vector<std::size_t>{0, 1}));
+  EXPECT_EQ(series.axis->CaseCount(), 2U);
+  EXPECT_EQ(series.predictors[0].values, (Values{10, 20}));
+  EXPECT_EQ(series.predictors[0].future, (Values{30, 40}));
+  EXPECT_EQ(series.predictors[0].future_places[1], (Place{5, 10}));
+}
+TEST(Predictors, FutureEndsWithTheFirstMissingValue) {
+  EXPECT_EQ(WithPredictor("date,y,x\n2020-01,1,1\n2020-02,,2\n2020-03,,\n2020-04,,4\n")
+                .predictors[0]
+                .future,
+            Values{2});
+  EXPECT_EQ(WithPredictor("date,y,x\n2020-01,1,1\n2020-02,,2\n2020-04,,4\n").predictors[0].future,
+            Values{2});
+  EXPECT_EQ(
+      WithPredictor("date,y,x\n2020-01,1,1\n2020-02,,2\n2020-04,,4\n", true).predictors[0].future,
+      Values{2});
+}
+TEST(Predictors, EachVariableHasAnEndOfItsOwn) {
+  SeriesOptions options;
+  options.columns.predictors = {"x"};
+  const auto all = ReadSeries(Table("n,a,b,x\n1,5,4,1\n2,3,2,2\n3,7,,3\n4,,,4\n"), options);
+  ASSERT_EQ(all.size(), 2U);
+  EXPECT_EQ(all[0].predictors[0].future, Values{4});
+  EXPECT_EQ(all[1].predictors[0].future, (Values{3, 4}));
+  EXPECT_EQ(all[0].axis->CaseCount(), 3U);
+  EXPECT_EQ(all[1].axis->CaseCount(), 2U);
+}
+TEST(Predictors, SeriesWithoutAnyValueKeepsItsCases) {
+  SeriesOptions options;
+  options.columns.variables = {"y"};
+  options.columns.predictors = {"x"};
+  EXPECT_EQ(ReadSeries(Table("n,y,x\n1,,1\n2,,2\n"), options)[0].values.size(), 2U);
+}
+TEST(Predictors, WithoutThemMissingCasesAtTheEndStay) {
+  EXPECT_EQ(ReadSeries(Table("n,y\n1,5\n2,3\n3,\n"), {})[0].values.size(), 3U);
+}
+TEST(Predictors, HoldNumbersOnly) {
+  EXPECT_EQ(ErrorOf([] { WithPredictor("n,y,x\n1,5,1\n2,3,often\n"); }),
+            "table.csv:3:5: 'often' is not a number (column \"x\")");
+}
+
 TEST(ModelNames, OneVariableTakesTheNameOfTheFile) {
   EXPECT_EQ(Names(ReadSeries(ParseCsv("dir/my sales.2020.csv", "y\n5\n4\n"), {})),
             std::vector<std::string>{"my sales.2020"});
