@@ -20,6 +20,12 @@ int AddCalendar(TSXMLTree& tree, const Series& series, const DocumentOptions& op
   return tree.AddDateSpec(MakeDateSpec(axis, how), axis.name + " from " + axis.CaseText(0));
 }
 
+TSXDictionaryRefs RefsOf(const Series& series, const std::string& descriptor) {
+  std::vector<std::string> predictors;
+  for (const PredictorColumn& predictor : series.predictors) predictors.push_back(predictor.name);
+  return {series.model_name, descriptor, series.variable, predictors};
+}
+
 bool AddModel(TSXMLTree& tree, const FittedSeries& fitted, const TSXDictionaryRefs& refs) {
   return fitted.kind == &CrostonKind() ? tree.AddModelTree(fitted.croston, refs)
                                        : tree.AddModelTree(fitted.model, refs);
@@ -33,7 +39,7 @@ std::string DocumentText(const std::vector<FittedSeries>& fitted, const Document
   tree.SetApplication("tsxport", TSXPORT_VERSION);
   for (const FittedSeries& one : fitted) {
     if (one.kind == nullptr) continue;
-    TSXDictionaryRefs refs(one.series->model_name, options.descriptor, one.series->variable);
+    TSXDictionaryRefs refs = RefsOf(*one.series, options.descriptor);
     refs.SetDateSpecID(AddCalendar(tree, *one.series, options));
     if (!AddModel(tree, one, refs)) {
       throw std::logic_error("internal error: model refused: " + one.series->model_name);

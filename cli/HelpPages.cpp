@@ -8,9 +8,9 @@
 namespace tsx::cli {
 
 const char kMainIntroduction[] =
-    "tsxport fits exponential smoothing models, and Croston's method for intermittent\n"
-    "demand, to time series and writes them as XML documents, with all the numbers\n"
-    "that forecasting needs to go on from.";
+    "tsxport fits exponential smoothing and ARIMA models, and Croston's method for\n"
+    "intermittent demand, to time series and writes them as XML documents, with all\n"
+    "the numbers that forecasting needs to go on from.";
 
 const char kMainFooter[] =
     R"(A first try:
@@ -23,7 +23,7 @@ the input is wrong and nothing was written, 3 some series could not be fitted.
 )";
 
 const char kFitIntroduction[] =
-    "Fits exponential smoothing or Croston's method to the series of a CSV table.";
+    "Fits exponential smoothing, ARIMA or Croston's method to series of a CSV table.";
 
 const char kFitFooter[] =
     R"(The table:
@@ -37,6 +37,18 @@ const char kFitFooter[] =
   from row to row. The calendar is found from them: months, quarters, years,
   weeks, days, working days, hours, minutes, seconds and steps of several of
   these. A skipped period is a missing value, unless --gaps is given.
+
+ARIMA:
+  arima(p,d,q)(P,D,Q) has p autoregressive and q moving-average coefficients
+  after d differences; P, D and Q count seasons. Brackets list lags in place of
+  an order: arima([1,3],1,0) has the lags 1 and 3, and [1,2] in the second
+  parenthesis means one and two seasons. The second parenthesis may be left out.
+  Signs are those of Box and Jenkins: 1 - phi B, 1 - theta B and, for
+  predictors, (omega0 - omega1 B) / (1 - delta1 B). So lead:delay=3,num=1,den=1
+  has omega0, omega1 and delta1, three periods late.
+
+  A fit whose search did not converge is written all the same; its summary says
+  so.
 
 In the document:
   Months, quarters, weekdays (Sunday), hours and so on count from 0; weeks and
@@ -54,6 +66,11 @@ Examples:
       two models in one document
   tsxport fit sales.csv --id shop --time week --season 52 --jobs 8 -o shops.xml
       one model for each shop of a long table
+  tsxport fit airpassengers.csv --model 'arima(0,1,1)(0,1,1)' --transform log
+      the airline model
+  tsxport fit seatbelts.csv --variable drivers --model 'arima(1,0,0)(1,0,0)'
+              --transform log --predictor law --outlier level@1973-11 -o law.xml
+      with a predictor, and a level that changed for good
   tsxport fit parts.csv --id part --model croston -o parts.xml
       intermittent demand, where most periods are zero
   tsxport fit airpassengers.csv --format pmml -o air.pmml

@@ -8,6 +8,7 @@ namespace tsx::cli {
 
 inline constexpr char kReadingGroup[] = "What to read";
 inline constexpr char kModelGroup[] = "Which model";
+inline constexpr char kArimaGroup[] = "ARIMA";
 inline constexpr char kWritingGroup[] = "What to write";
 inline constexpr char kRunningGroup[] = "Running";
 

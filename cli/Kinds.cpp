@@ -20,12 +20,15 @@ constexpr KindInfo kSmoothingKinds[] = {
 };
 
 constexpr KindInfo kCroston = {-1, "croston", "Croston's method", false, false};
+constexpr KindInfo kArima = {-1, "arima", "ARIMA", false, false};
 
 }  // namespace
 
 std::span<const KindInfo> SmoothingKinds() { return kSmoothingKinds; }
 
 const KindInfo& CrostonKind() { return kCroston; }
+
+const KindInfo& ArimaKind() { return kArima; }
 
 const KindInfo* FindKind(std::string_view option) {
   if (option == kCroston.option) return &kCroston;

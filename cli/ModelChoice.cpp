@@ -8,6 +8,9 @@
 #include <tsffit/Croston.h>
 #include <tsffit/Smoothing.h>
 
+#include "cli/ArimaFault.h"
+#include "cli/ArimaFitting.h"
+#include "cli/ArimaSpec.h"
 #include "cli/Text.h"
 
 namespace tsx::cli {
@@ -72,6 +75,44 @@ void TryCroston(const ModelRequest& request, FittedSeries& fitted) {
   fitted.candidates.push_back(candidate);
 }
 
+// Fills in which value of the series or of a predictor the core refused, if it was one.
+void ExplainArima(Candidate& candidate, const Series& series, const tsffit::ArimaFit& fit) {
+  using tsffit::FitStatus;
+  candidate.refusal = fit.message;
+  candidate.refused_at = series.places.front();
+  const bool blamesValue = fit.status == FitStatus::kNotPositive ||
+                           fit.status == FitStatus::kNegative ||
+                           fit.status == FitStatus::kNotFinite || fit.status == FitStatus::kMissing;
+  if (!blamesValue) return;
+  const PredictorColumn* const predictor =
+      fit.bad_predictor < 0 ? nullptr
+                            : &series.predictors[static_cast<std::size_t>(fit.bad_predictor)];
+  const double value = (predictor != nullptr ? predictor->values : series.values)[fit.bad_case];
+  candidate.refused_at = (predictor != nullptr ? predictor->places : series.places)[fit.bad_case];
+  candidate.refusal =
+      (predictor != nullptr ? "predictor " + Quoted(predictor->name) + ", " : std::string()) +
+      (value != MV::gMissingValue
+           ? NumberText(value)
+           : series.axis->CaseText(series.cases[fit.bad_case]) + " is missing") +
+      ": " + fit.message;
+}
+
+void TryArima(const ModelRequest& request, FittedSeries& fitted) {
+  Candidate candidate;
+  candidate.kind = &ArimaKind();
+  const tsffit::ArimaFit fit =
+      FitArimaSeries(request.arima, *fitted.series, fitted.season_length, request.function_type);
+  candidate.fitted = fit.status == tsffit::FitStatus::kOk;
+  if (candidate.fitted) {
+    fitted.kind = candidate.kind;
+    fitted.model = fit.model;
+    fitted.converged = fit.summary.converged;
+  } else {
+    ExplainArima(candidate, *fitted.series, fit);
+  }
+  fitted.candidates.push_back(candidate);
+}
+
 bool HasGaps(const Series& series) { return series.cases.size() < series.axis->CaseCount(); }
 
 // Why the kind cannot go with the series, whatever its values; empty when it can.
@@ -100,6 +141,22 @@ void TrySmoothing(const ModelRequest& request, FittedSeries& fitted) {
         request.kind != nullptr ? &kind == request.kind : IsOpenToChoice(kind, fitted, request);
     if (wanted) Try(kind, request, fitted, best);
   }
+}
+
+// Why the request cannot go with the series, and where; empty when it can.
+ArimaFault FindFault(const ModelRequest& request, const FittedSeries& fitted) {
+  const Series& series = *fitted.series;
+  const std::string fault = series.axis->Fault();
+  if (!fault.empty() || request.kind == nullptr) return {fault, series.places.front()};
+  if (request.kind != &ArimaKind()) return {Misfit(*request.kind, fitted), series.places.front()};
+  return FindArimaFault(request.arima, series, fitted.season_length, request.horizon);
+}
+
+void TryAll(const ModelRequest& request, FittedSeries& fitted) {
+  if (request.kind == &ArimaKind()) return TryArima(request, fitted);
+  const bool croston = request.kind != nullptr ? request.kind == &CrostonKind()
+                                               : CountZeros(*fitted.series).intermittent;
+  croston ? TryCroston(request, fitted) : TrySmoothing(request, fitted);
 }
 
 }  // namespace
@@ -131,14 +188,12 @@ FittedSeries FitSeries(const Series& series, const ModelRequest& request) {
   const DateAxis& axis = *series.axis;
   fitted.season_length =
       request.season_length != 0 ? request.season_length : std::max(axis.SeasonLength(), 1U);
-  fitted.fault_place = series.places.front();
-  fitted.fault = axis.Fault();
-  if (fitted.fault.empty() && request.kind != nullptr) fitted.fault = Misfit(*request.kind, fitted);
+  const ArimaFault fault = FindFault(request, fitted);
+  fitted.fault_place = fault.place;
+  fitted.fault = fault.cause;
   if (!fitted.fault.empty()) return fitted;
 
-  const bool croston =
-      request.kind != nullptr ? request.kind == &CrostonKind() : CountZeros(series).intermittent;
-  croston ? TryCroston(request, fitted) : TrySmoothing(request, fitted);
+  TryAll(request, fitted);
   if (fitted.kind == nullptr) {
     fitted.fault = fitted.candidates.front().refusal;
     fitted.fault_place = fitted.candidates.front().refused_at;
@@ -173,7 +228,17 @@ std::string ReasonForChoice(const FittedSeries& fitted) {
          bicText(ranked[1]->bic);
 }
 
+std::string TitleOf(const FittedSeries& fitted) {
+  return fitted.kind == &ArimaKind() ? ArimaTitle(ArimaStateOf(fitted.model).GetAMModelSpec())
+                                     : fitted.kind->title;
+}
+
 tsffit::Forecasts ForecastsOf(const FittedSeries& fitted, unsigned horizon) {
+  if (fitted.kind == &ArimaKind()) {
+    const AMModelSpec& spec = ArimaStateOf(fitted.model).GetAMModelSpec();
+    const unsigned known = std::min(horizon, KnownHorizon(spec, *fitted.series));
+    return tsffit::Forecast(fitted.model, known, FutureValues(*fitted.series, known));
+  }
   return fitted.kind == &CrostonKind() ? tsffit::Forecast(fitted.croston, horizon)
                                        : tsffit::Forecast(fitted.model, horizon);
 }

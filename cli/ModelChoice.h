@@ -10,6 +10,7 @@
 #include <tsfcore/TSTransformation.h>
 #include <tsffit/Forecast.h>
 
+#include "cli/ArimaRequest.h"
 #include "cli/Errors.h"
 #include "cli/Kinds.h"
 #include "cli/Series.h"
@@ -21,6 +22,9 @@ struct ModelRequest {
   const KindInfo* kind = nullptr;  // null: choose one
   unsigned season_length = 0;      // 0: the calendar's own
   int function_type = TSTransformation::kNone;
+  ArimaRequest arima{};  // of kind ArimaKind()
+  // Periods that will be asked for, as far ahead as predictors must be known.
+  unsigned horizon = 0;
 };
 
 // One kind that was tried.
@@ -37,8 +41,9 @@ struct FittedSeries {
   unsigned season_length = 1;
   std::vector<Candidate> candidates;  // those tried, the simplest first; empty: none could be
   const KindInfo* kind = nullptr;     // null: hopeless, and the fault says why
-  TSFModel model;                     // of a smoothing kind, else empty
+  TSFModel model;                     // of a smoothing kind or ARIMA, else empty
   TSFCrModel croston;                 // of Croston's method, else empty
+  bool converged = true;              // of ARIMA: its search came to an end
   std::string fault;
   Place fault_place;
 };
@@ -69,7 +74,10 @@ FittedSeries FitSeries(const Series& series, const ModelRequest& request);
 // "lowest normalised BIC of 7 kinds: winters-additive 5.1, next holt 6.2", for people.
 std::string ReasonForChoice(const FittedSeries& fitted);
 
-// Of the model that a series got; none for a hopeless one.
+// What the model of a series is called, for people: "Holt's linear trend", "ARIMA(0,1,1)".
+std::string TitleOf(const FittedSeries& fitted);
+
+// Of the model that a series got; none for a hopeless one. At most as many as the predictors allow.
 tsffit::Forecasts ForecastsOf(const FittedSeries& fitted, unsigned horizon);
 const EstimationInfo& EstimationOf(const FittedSeries& fitted);  // of a series that got a model
 

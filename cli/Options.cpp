@@ -9,6 +9,8 @@
 #include <tsffit/Version.h>
 #include <tsxport/Version.h>
 
+#include "cli/ArimaArguments.h"
+#include "cli/ArimaOptions.h"
 #include "cli/Errors.h"
 #include "cli/HelpPages.h"
 #include "cli/PmmlCheck.h"
@@ -25,6 +27,7 @@ struct RawOptions {
   std::string format = "tscxml";
   std::string jobs;
   std::string forecast;
+  ArimaArguments arima;
 };
 
 std::string VersionText() {
@@ -62,13 +65,13 @@ void AddModelOptions(CLI::App& app, RawOptions& raw) {
   };
   add("--model", raw.model, "KIND",
       "simple, brown, holt, damped-trend, simple-seasonal, winters-additive, "
-      "winters-multiplicative; croston, for intermittent demand; or auto (the default), which "
-      "takes "
-      "croston where at least 30 % of the cases are zero and none is negative, and else fits all "
-      "kinds of smoothing that go with the series and keeps the one with the lowest normalised "
-      "BIC");
+      "winters-multiplicative; croston, for intermittent demand; arima(p,d,q) or "
+      "arima(p,d,q)(P,D,Q), see below; or auto (the default), which takes croston "
+      "where at least 30 % of the cases are zero and none is negative, and else fits all kinds of "
+      "smoothing that go with the series and keeps the one with the lowest normalised BIC");
   add("--season", raw.season, "N",
-      "Periods in one season; 1 for none. Default: what the calendar says, 12 for months, 4 for "
+      "Periods in one season, of ARIMA too; 1 for none. Default: what the calendar says, 12 for "
+      "months, 4 for "
       "quarters, 7 for days, 24 for hours. Another length is marked in the document as forced");
   add("--transform", raw.transform, "FUNCTION",
       "Model the series as it is (none, the default), its natural logarithm (log) or its square "
@@ -85,7 +88,8 @@ void AddOutputOptions(CLI::App& app, FitOptions& options, RawOptions& raw) {
       "printed instead");
   add("--format", raw.format, "FORMAT",
       "tscxml (the default), which holds all that forecasting needs; or pmml, PMML 4.2, for "
-      "smoothing alone: it has no place for croston, for --transform or for missing values, and "
+      "smoothing alone: it has no place for croston, for ARIMA, for --transform or for missing "
+      "values, and "
       "the run is refused where they come up. One series to a document is best there, since "
       "its data dictionary names the last one only");
   add("--name", options.name, "NAME",
@@ -124,14 +128,23 @@ unsigned ParseCount(const char* option, const std::string& text, unsigned most) 
                    std::to_string(most));
 }
 
+const KindInfo* CheckedKind(const std::string& text) {
+  const KindInfo* const kind = FindKind(text);
+  if (kind != nullptr || text == "auto") return kind;
+  if (LooksLikeArima(text)) return &ArimaKind();
+  std::string known = "auto";
+  for (const KindInfo& one : SmoothingKinds()) known += std::string(", ") + one.option;
+  throw UsageError("--model: " + Quoted(text) + " is none of " + known + ", " +
+                   CrostonKind().option + ", arima(p,d,q), arima(p,d,q)(P,D,Q)");
+}
+
 ModelRequest CheckedModel(const RawOptions& raw) {
   ModelRequest model;
-  model.kind = FindKind(raw.model);
-  if (model.kind == nullptr && raw.model != "auto") {
-    std::string known = "auto";
-    for (const KindInfo& kind : SmoothingKinds()) known += std::string(", ") + kind.option;
-    known += std::string(", ") + CrostonKind().option;
-    throw UsageError("--model: " + Quoted(raw.model) + " is none of " + known);
+  model.kind = CheckedKind(raw.model);
+  if (model.kind == &ArimaKind()) {
+    model.arima = CheckedArima(raw.model, raw.arima);
+  } else {
+    CheckWithoutArima(raw.model, raw.arima);
   }
   if (!raw.season.empty()) {
     model.season_length = ParseCount("--season", raw.season, kLongestSeason);
@@ -162,10 +175,11 @@ void CheckTogether(const FitOptions& options) {
   }
   if (options.plot == "-") throw UsageError("--plot needs the name of a file");
   if (options.format == DocumentFormat::kPmml) CheckModelForPmml(options.model);
-  const bool seasonal = options.model.kind != nullptr && options.model.kind->seasonal;
-  if (seasonal && options.model.season_length == 1) {
-    throw UsageError(std::string("--season 1 means no season, which ") +
-                     options.model.kind->option + " needs");
+  const KindInfo* const kind = options.model.kind;
+  const bool seasonal = kind != nullptr && kind->seasonal;
+  const std::string inNeed = seasonal ? kind->option : SeasonalPart(options.model.arima);
+  if (options.model.season_length == 1 && !inNeed.empty()) {
+    throw UsageError("--season 1 means no season, which " + inNeed + " needs");
   }
 }
 
@@ -194,6 +208,10 @@ FitOptions Checked(FitOptions options, const RawOptions& raw) {
   if (!raw.forecast.empty()) {
     options.forecast = ParseCount("--forecast", raw.forecast, kLongestForecast);
   }
+  options.model.horizon = options.forecast;
+  for (const PredictorRequest& predictor : options.model.arima.predictors) {
+    options.columns.predictors.push_back(predictor.column);
+  }
   CheckText("--name", options.name);
   CheckText("--descriptor", options.descriptor);
   CheckTogether(options);
@@ -217,6 +235,7 @@ Invocation ParseCommandLine(const std::vector<std::string>& arguments) {
   fit.footer(kFitFooter);
   AddInputOptions(fit, options);
   AddModelOptions(fit, raw);
+  AddArimaOptions(fit, raw.arima);
   AddOutputOptions(fit, options, raw);
   AddRunningOptions(fit, raw);
 

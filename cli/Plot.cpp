@@ -79,7 +79,7 @@ std::string Heading(const FittedSeries& fitted) {
   const Series& series = *fitted.series;
   return TextAt(kLeft, 30, "title", series.model_name) +
          TextAt(kLeft, 52, "subtitle",
-                series.variable + ", " + series.axis->name + kDot + fitted.kind->title);
+                series.variable + ", " + series.axis->name + kDot + TitleOf(fitted));
 }
 
 // Draws one panel. Coordinates count from its upper left corner.

@@ -41,6 +41,11 @@ void CheckModelForPmml(const ModelRequest& request) {
     throw UsageError(std::string("--model croston: --format pmml has no place for it") +
                      kConsequence);
   }
+  if (request.kind == &ArimaKind()) {
+    throw UsageError(
+        "--model: --format pmml has no place for ARIMA, of which PMML 4.2 knows no more than the "
+        "name; use --format tscxml");
+  }
   if (request.function_type != TSTransformation::kNone) {
     throw UsageError(std::string("--transform: --format pmml has no place for it") + kConsequence);
   }

@@ -10,7 +10,7 @@
 // forecast wrongly; so the run is refused, and the line for people names the format that has room.
 namespace tsx::cli {
 
-// Throws UsageError when the request is for Croston's method or a transformation.
+// Throws UsageError when the request is for Croston's method, ARIMA or a transformation.
 void CheckModelForPmml(const ModelRequest& request);
 
 // Throws InputError for the first series with a missing value, and where the kind is left to

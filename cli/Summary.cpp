@@ -6,6 +6,8 @@
 #include <tsfcore/ESForecastState.h>
 #include <tsfcore/MV.h>
 
+#include "cli/ArimaFitting.h"
+#include "cli/ArimaSummary.h"
 #include "cli/Text.h"
 
 namespace tsx::cli {
@@ -151,6 +153,36 @@ std::string SmoothingLines(const FittedSeries& fitted, const ESForecastState& st
   return lines;
 }
 
+// Several texts under one label.
+std::string Lines(const std::string& label, const std::vector<std::string>& texts) {
+  std::string lines;
+  for (const std::string& text : texts) lines += Line(lines.empty() ? label : "", text);
+  return lines;
+}
+
+std::string LikelihoodText(const EstimationInfo& info) {
+  return "log-likelihood " + ValueText(info.GetGOFStat(BFSharedConst::kLogLikelihood)) + ", AIC " +
+         ValueText(info.GetGOFStat(BFSharedConst::kAkaikeIC)) + ", BIC " +
+         ValueText(info.GetGOFStat(BFSharedConst::kBayesIC)) + ", error variance " +
+         ValueText(info.GetErrorVariance());
+}
+
+constexpr char kNotConverged[] =
+    "the search did not converge: the estimates are the best that were found";
+
+std::string ArimaLines(const FittedSeries& fitted, bool chosen) {
+  const Series& series = *fitted.series;
+  const ARMAForecastState& state = ArimaStateOf(fitted.model);
+  const EstimationInfo& info = EstimationOf(fitted);
+  std::string lines = Line("model", TitleOf(fitted) + ", " + ArimaMethodText(state));
+  if (!fitted.converged) lines += Line("warning", kNotConverged);
+  lines += ReasonLine(fitted, chosen);
+  lines += Lines("estimates", CoefficientTexts(state, series));
+  lines += Lines("predictors", PredictorTexts(state.GetAMModelSpec(), series));
+  lines += Lines("outliers", OutlierTexts(state, series, info.GetSpan().start));
+  return lines + Line("likelihood", LikelihoodText(info)) + EstimationLines(fitted);
+}
+
 std::string CrostonWeightsText(const TSFCrModelImp& model) {
   constexpr const char* kNames[] = {"sizes", "intervals", "errors"};
   std::vector<std::string> weights;
@@ -194,14 +226,18 @@ std::string SummaryText(const FittedSeries& fitted, bool chosen) {
   const std::string text =
       fitted.series->model_name + "\n" + Line("series", SeriesText(*fitted.series));
   if (fitted.kind == &CrostonKind()) return text + CrostonLines(fitted, chosen);
+  if (fitted.kind == &ArimaKind()) return text + ArimaLines(fitted, chosen);
   const auto* state =
       dynamic_cast<const ESForecastState*>(fitted.model.GetImp()->GetForecastState());
   return state == nullptr ? text : text + SmoothingLines(fitted, *state, chosen);
 }
 
 std::string SummaryLine(const FittedSeries& fitted, bool chosen) {
-  std::string text = fitted.series->model_name + ": " + fitted.kind->option;
+  const bool arima = fitted.kind == &ArimaKind();
+  std::string text =
+      fitted.series->model_name + ": " + (arima ? TitleOf(fitted) : fitted.kind->option);
   if (chosen) text += " (" + ReasonForChoice(fitted) + ")";
+  if (!fitted.converged) text += std::string("; ") + kNotConverged;
   return text + "\n";
 }
 

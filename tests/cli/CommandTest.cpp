@@ -6,37 +6,19 @@
 #include <vector>
 
 #include "CommandLine.h"
+#include "CommandTexts.h"
 #include "cli/TimeForm.h"
 #include "support/Golden.h"
 
 namespace {
 
+using test::Attributes;
+using test::Complaint;
+using test::Lines;
 using test::Outcome;
+using test::Parsed;
 using test::Sandbox;
 using Strings = std::vector<std::string>;
-
-Strings Lines(const std::string& text) {
-  Strings lines;
-  std::istringstream in(text);
-  for (std::string line; std::getline(in, line);) lines.push_back(line);
-  return lines;
-}
-
-pugi::xml_document Parsed(const std::string& text) {
-  pugi::xml_document document;
-  const pugi::xml_parse_result result = document.load_buffer(text.data(), text.size());
-  EXPECT_TRUE(result) << result.description() << "\n" << text;
-  return document;
-}
-
-// Every value of an attribute, in document order.
-Strings Attributes(const pugi::xml_document& document, const char* path) {
-  Strings values;
-  for (const pugi::xpath_node& node : document.select_nodes(path)) {
-    values.emplace_back(node.attribute().value());
-  }
-  return values;
-}
 
 // A table of months from 2000-01 on, some of which have other texts in place of the value.
 std::string MonthlyTable(int count, const std::vector<std::pair<int, std::string>>& others = {}) {
@@ -51,15 +33,6 @@ std::string MonthlyTable(int count, const std::vector<std::pair<int, std::string
   return text;
 }
 
-// A run that must fail with status 2, one line on standard error and nothing else; that line.
-std::string Complaint(const Sandbox& box, const std::string& arguments) {
-  const Outcome outcome = box.Run(arguments);
-  EXPECT_EQ(outcome.status, 2) << outcome.err;
-  EXPECT_EQ(outcome.out, "");
-  const Strings lines = Lines(outcome.err);
-  EXPECT_EQ(lines.size(), 1U) << outcome.err;
-  return lines.empty() ? "" : lines.front();
-}
 std::string ComplaintAbout(const std::string& table, const std::string& arguments = "") {
   const Sandbox box;
   box.Put("sales.csv", table);

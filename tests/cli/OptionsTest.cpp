@@ -78,6 +78,39 @@ TEST(Options, EveryKindHasItsName) {
 TEST(Options, CrostonIsAKindToo) {
   EXPECT_EQ(Fit({"--model", "croston"}).model.kind, &CrostonKind());
 }
+TEST(Options, ArimaWithAllItsOptions) {
+  const FitOptions options =
+      Fit({"--model", "arima([1,3],1,0)(0,1,1)", "--method", "cls", "--predictor", "lead:delay=3",
+           "--predictor", "law", "--outlier", "level@1957-03", "--outlier", "additive@12",
+           "--constant", "--forecast", "3"});
+  const ArimaRequest& arima = options.model.arima;
+  EXPECT_EQ(options.model.kind, &ArimaKind());
+  EXPECT_EQ(arima.orders.ar.non_seasonal, (Lags{1, 3}));
+  EXPECT_EQ(arima.method, tsffit::ArimaMethod::kCls);
+  ASSERT_EQ(arima.predictors.size(), 2U);
+  EXPECT_EQ(arima.predictors[0].delay, 3U);
+  EXPECT_EQ(options.columns.predictors, (Arguments{"lead", "law"}));
+  ASSERT_EQ(arima.outliers.size(), 2U);
+  EXPECT_EQ(arima.outliers[1].type, TSOutlierSpec::kAdditive);
+  EXPECT_EQ(arima.constant, true);
+  EXPECT_EQ(options.model.horizon, 3U);
+}
+TEST(Options, ArimaDefaults) {
+  const FitOptions options = Fit({"--model", "arima(0,1,1)"});
+  EXPECT_EQ(options.model.arima.method, tsffit::ArimaMethod::kMl);
+  EXPECT_EQ(options.model.arima.constant, std::nullopt);
+  EXPECT_EQ(Fit({"--model", "arima(0,1,1)", "--no-constant"}).model.arima.constant, false);
+}
+TEST(Options, PredictorDoesNotSwallowTheFile) {
+  const auto invocation =
+      ParseCommandLine({"fit", "--model", "arima(0,1,1)", "--predictor", "x", "a.csv"});
+  EXPECT_EQ(invocation.fit->input, "a.csv");
+}
+TEST(Options, PmmlHasNoPlaceForArima) {
+  EXPECT_EQ(FitError({"--format", "pmml", "--model", "arima(0,1,1)"}),
+            "--model: --format pmml has no place for ARIMA, of which PMML 4.2 knows no more than "
+            "the name; use --format tscxml");
+}
 TEST(Options, FormatIsTscxmlOrPmml) {
   EXPECT_EQ(Fit({"--format", "tscxml"}).format, DocumentFormat::kTscxml);
   EXPECT_EQ(Fit({"--format", "pmml"}).format, DocumentFormat::kPmml);
@@ -123,7 +156,8 @@ TEST(Options, DescriptorMayBeEmpty) { EXPECT_EQ(Fit({"--descriptor", ""}).descri
 TEST(OptionsError, UnknownValues) {
   EXPECT_EQ(FitError({"--model", "arima"}),
             "--model: 'arima' is none of auto, simple, brown, holt, damped-trend, simple-seasonal, "
-            "winters-additive, winters-multiplicative, croston");
+            "winters-additive, winters-multiplicative, croston, arima(p,d,q), "
+            "arima(p,d,q)(P,D,Q)");
   EXPECT_EQ(FitError({"--transform", "cube"}), "--transform: 'cube' is none of none, log, sqrt");
 }
 TEST(OptionsError, UnknownOptionsAreNamed) {
@@ -160,12 +194,38 @@ TEST(OptionsError, SeasonalModelWithoutASeason) {
             "--season 1 means no season, which winters-additive needs");
 }
 
+TEST(OptionsError, OptionsOfArimaWithAnotherModel) {
+  const std::pair<const char*, Arguments> options[] = {{"--constant", {"--constant"}},
+                                                       {"--no-constant", {"--no-constant"}},
+                                                       {"--method", {"--method", "ml"}},
+                                                       {"--predictor", {"--predictor", "x"}},
+                                                       {"--outlier", {"--outlier", "level@3"}}};
+  for (const auto& [name, arguments] : options) {
+    EXPECT_EQ(FitError(arguments),
+              std::string(name) + " goes with --model arima(p,d,q), not with --model 'auto'");
+  }
+}
+TEST(OptionsError, ConstantAndNone) {
+  EXPECT_EQ(FitError({"--model", "arima(0,1,1)", "--constant", "--no-constant"}),
+            "--constant and --no-constant exclude each other");
+}
+TEST(OptionsError, SeasonalPartOfArimaWithoutASeason) {
+  EXPECT_EQ(FitError({"--model", "arima(0,1,1)(0,1,1)", "--season", "1"}),
+            "--season 1 means no season, which the second parenthesis of arima(p,d,q)(P,D,Q) "
+            "needs");
+  EXPECT_EQ(Fit({"--model", "arima(0,1,1)", "--season", "1"}).model.season_length, 1U);
+}
+
 TEST(HelpPages, FitsTheTerminalAndNamesEveryOption) {
   const std::string page = ParseCommandLine({"fit", "--help"}).page;
-  for (const char* option :
-       {"SERIES.csv", "--model", "--season", "--transform", "--variable", "--id", "--time",
-        "--name", "--descriptor", "--jobs", "--forecast", "--plot", "--gaps", "--first-case-day",
-        "-o", "Exit status", "Examples"}) {
+  for (const char* option : {"SERIES.csv",  "--model",          "--season",
+                             "--transform", "--variable",       "--id",
+                             "--time",      "--name",           "--descriptor",
+                             "--jobs",      "--forecast",       "--plot",
+                             "--gaps",      "--first-case-day", "-o",
+                             "Exit status", "Examples",         "arima(p,d,q)(P,D,Q)",
+                             "--constant",  "--no-constant",    "--method",
+                             "--predictor", "--outlier"}) {
     EXPECT_NE(page.find(option), std::string::npos) << option;
   }
   std::size_t longest = 0;

@@ -1,0 +1,22 @@
+#ifndef TSXPORT_CLI_ARIMAFITTING_H_
+#define TSXPORT_CLI_ARIMAFITTING_H_
+
+#include <tsfcore/ARMAForecastState.h>
+#include <tsfcore/TSFModel.h>
+#include <tsffit/Arima.h>
+
+#include "cli/ArimaRequest.h"
+#include "cli/Series.h"
+
+namespace tsx::cli {
+
+// Fits the request, which must be without fault on the series (see ArimaFault.h).
+tsffit::ArimaFit FitArimaSeries(const ArimaRequest& request, const Series& series,
+                                unsigned seasonLength, int functionType);
+
+// The state of a fitted ARIMA model; it has no other.
+const ARMAForecastState& ArimaStateOf(const TSFModel& model);
+
+}  // namespace tsx::cli
+
+#endif  // TSXPORT_CLI_ARIMAFITTING_H_
