@@ -6,7 +6,7 @@
 #include <vector>
 
 #include <tsfcore/tsfcore.h>
-#include <tsffit/Arima.h>
+#include <tsffit/tsffit.h>
 
 namespace test {
 

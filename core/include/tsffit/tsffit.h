@@ -3,6 +3,7 @@
 
 // Fitting and forecasting with the embedded core.
 
+#include <tsffit/Arima.h>
 #include <tsffit/Croston.h>
 #include <tsffit/Forecast.h>
 #include <tsffit/Smoothing.h>
