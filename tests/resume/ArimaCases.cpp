@@ -295,6 +295,21 @@ void AddGapCases(std::vector<ArimaCase>& cases) {
                    {.non_seasonal_diff = 2, .ar = Lags({1}), .ma = Lags({1})}});
 }
 
+// Gaps that leave hardly any value to difference from.
+void AddWideGaps(std::vector<ArimaCase>& cases) {
+  const Series y =
+      Sum(RunningSum(Arma(80, 9800)), Course(TSOutlierSpec::kSeasonalAdditive, 80, 2), 5);
+  const Fields seasonal = {
+      .season_length = 4, .seasonal_diff = 1, .ar = Lags({1}), .ma = Lags({2})};
+  std::vector<std::size_t> thirdQuarters;
+  for (std::size_t t = 6; t < 80; t += 4) thirdQuarters.push_back(t);
+  cases.push_back({"PeriodOfTheSeasonSeenOnce", WithMissing(y, thirdQuarters), seasonal});
+  thirdQuarters.back() = 2;
+  cases.push_back({"PeriodOfTheSeasonSeenAtTheEnd", WithMissing(y, thirdQuarters), seasonal});
+  const std::vector<std::size_t> wide = {1, 2, 3, 4, 73, 74, 75, 76, 77, 78, 79};
+  cases.push_back({"GapsWiderThanTheDifferences", WithMissing(y, wide), ModelForOutliers(true)});
+}
+
 // The likelihood starts five cases after the first one: of the values before it only the last one
 // matters to the differences in it.
 void AddGapsBeforeTheLikelihood(std::vector<ArimaCase>& cases) {
@@ -367,6 +382,7 @@ std::vector<ArimaCase> AllCases() {
   AddPredictorCases(cases);
   AddOutlierCases(cases);
   AddGapCases(cases);
+  AddWideGaps(cases);
   AddGapsBeforeTheLikelihood(cases);
   AddShortCases(cases);
   AddLateStartCases(cases);
