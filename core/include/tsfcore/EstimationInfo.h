@@ -35,14 +35,13 @@
 //   kAkaikeIC           -2 LL + 2 k. Akaike (1974), "A new look at the statistical model
 //                       identification", IEEE Transactions on Automatic Control 19, 716-723.
 //   kBayesIC            -2 LL + k ln n. Schwarz (1978).
-//   kStationaryRSqr     1 - sum of e^2 / sum of (w - mean of w)^2 over the cases where w is
-//   defined,
-//                       w the modelled series differenced as its kind implies. Harvey (1984), "A
-//                       unified view of statistical forecasting procedures", Journal of Forecasting
-//                       3, 245-275. The differences are those of the ARIMA model with the same
-//                       errors (Hyndman, Koehler, Ord and Snyder 2008, chapter 11):
-//                       (1-B) for simple and damped trend, (1-B)^2 for Brown and Holt, (1-B^m) for
-//                       simple seasonal, (1-B)(1-B^m) for both Winters kinds.
+//   kStationaryRSqr     1 - sum of e^2 / sum of (w - mean of w)^2 over the cases where
+//                       w is defined, w the modelled series differenced as its kind implies. Harvey
+//                       (1984), "A unified view of statistical forecasting procedures", Journal of
+//                       Forecasting 3, 245-275. The differences are those of the ARIMA model with
+//                       the same errors (Hyndman, Koehler, Ord and Snyder 2008, chapter 11): (1-B)
+//                       for simple and damped trend, (1-B)^2 for Brown and Holt, (1-B^m) for simple
+//                       seasonal, (1-B)(1-B^m) for both Winters kinds.
 //   Ljung-Box           Q = n (n + 2) * sum over j = 1..K of r_j^2 / (n - j), r_j the j-th
 //                       autocorrelation of e about its mean, pairs with a missing case left out.
 //                       Ljung and Box (1978), "On a measure of lack of fit in time series models",
@@ -57,9 +56,8 @@
 //   kLogLikelihood      of the differenced series, exact (kCls: conditional), with S / n for the
 //                       variance; AIC and BIC from it
 //   kStationaryRSqr     w the series with its own differences
-//   Ljung-Box           of the standardised errors, the degrees of freedom less the number of AR
-//   and MA
-//                       coefficients
+//   Ljung-Box           of the standardised errors; K less the number of AR and MA coefficients
+//                       degrees of freedom
 class TSF_EXPORT EstimationInfo {
  public:
   // The periods that were fitted.

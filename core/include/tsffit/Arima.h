@@ -55,14 +55,14 @@
 // through the filter of the noise model; ARMA coefficients, denominators, seasonal factors of
 // numerators and decays are searched with limited-memory BFGS from several starts (the method of
 // Hannan and Rissanen 1982, "Recursive estimation of mixed autoregressive-moving average order",
-// Biometrika 69, 81-94, the conditional solution and points spread over the region). Factors with
-// the lags g, 2 g,
-// .., k g are searched in the partial autocorrelations of B^g (Barndorff-Nielsen and Schou 1973,
-// "On the parametrization of autoregressive models by partial autocorrelations", Journal of
-// Multivariate Analysis 3, 408-419; Monahan 1984, "A note on enforcing stationarity in ARMA
-// models", Biometrika 71, 403-404), others in their coefficients, points outside the region
-// refused; so every AR factor and denominator is stationary and every MA factor invertible, or on
-// the edge of it.
+// Biometrika 69, 81-94, the conditional solution and points spread over the region). A factor whose
+// lags are multiples 1 to k of one lag is searched in its partial autocorrelations
+// (Barndorff-Nielsen and Schou 1973, "On the parametrization of autoregressive models by partial
+// autocorrelations", Journal of Multivariate Analysis 3, 408-419; Monahan 1984, "A note on
+// enforcing stationarity in ARMA models", Biometrika 71, 403-404), any other in its coefficients,
+// points outside the region refused; so every AR factor and denominator is stationary and every MA
+// factor invertible, or on the edge of it. Near a unit root of the AR part a constant is hardly
+// identified, least so by kCls, which has no likelihood of the first cases to hold it.
 //
 //   kMl       exact likelihood: without missing values by the recursions of Morf, Sidhu and Kailath
 //             (1974, "Some new algorithms for recursive estimation in constant, linear,
@@ -106,7 +106,7 @@ struct ArimaSummary {
   unsigned estimated = 0;     // coefficients estimated; the error variance is not one
   int evaluations = 0;        // of the likelihood, over all starts
   int starts = 0;
-  bool converged = false;  // the gradient vanishes, or no step gains anything
+  bool converged = false;  // a search begun anew at the solution gained nothing
 };
 
 struct ArimaFit {
