@@ -228,6 +228,8 @@ void ExpectSound(const tsffit::ArimaFit& fit, const std::vector<std::vector<doub
   EXPECT_TRUE(fit.message.empty());
   const TSFModelImp& model = *fit.model.GetImp();
   ExpectSoundState(*model.GetForecastState());
+  const auto& state = dynamic_cast<const ARMAForecastState&>(*model.GetForecastState());
+  EXPECT_EQ(model.GetPredictorCount(), state.GetAMModelSpec().GetXCount());
   ExpectSoundRecord(model.GetEstimationInfo());
   ExpectNumbers(
       std::vector<double>{fit.summary.log_likelihood, fit.summary.sse, fit.summary.error_variance},

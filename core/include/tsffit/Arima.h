@@ -101,7 +101,8 @@ struct ArimaOptions {
 struct ArimaSummary {
   double log_likelihood = 0;  // of the differenced series; conditional for kCls
   double sse = 0;             // sum of squared residuals, standardised by their relative variance
-  double error_variance = 0;  // sse / (residuals - estimated coefficients)
+  double error_variance = 0;  // sse / (residuals - estimated coefficients); both are missing where
+                              // they overflow
   std::size_t residuals = 0;  // cases in the likelihood
   unsigned estimated = 0;     // coefficients estimated; the error variance is not one
   int evaluations = 0;        // of the likelihood, over all starts

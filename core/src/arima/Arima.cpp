@@ -56,6 +56,8 @@ double UnitOf(const std::vector<double>& series, const Polynomial& difference) {
   return largest > 0 ? largest : 1;
 }
 
+double FiniteOrMissing(double value) { return std::isfinite(value) ? value : MV::gMissingValue; }
+
 // The specification with outliers counted from case `first`.
 AMModelSpec::Fields CountedFrom(AMModelSpec::Fields spec, std::size_t first) {
   std::vector<TSOutlierSpec> outliers;
@@ -177,8 +179,8 @@ class ArimaFitter {
     const double unit = data_.unit;
     const double n = static_cast<double>(best.residuals);
     fit.summary = {.log_likelihood = best.LogLikelihood() - n * std::log(unit),
-                   .sse = best.fit.sse * unit * unit,
-                   .error_variance = best.fit.sse * unit * unit / (n - estimated),
+                   .sse = FiniteOrMissing(best.fit.sse * unit * unit),
+                   .error_variance = FiniteOrMissing(best.fit.sse / (n - estimated) * unit * unit),
                    .residuals = best.residuals,
                    .estimated = estimated,
                    .evaluations = found.evaluations,
