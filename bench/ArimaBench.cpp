@@ -1,6 +1,6 @@
 // Fits per second of the airline model, ARIMA(0,1,1)(0,1,1) on the logarithm of 144 monthly values,
-// one thread; and one value of each likelihood. bench/against_r.R and bench/against_statsmodels.py
-// run the first beside other programs.
+// one thread; and one value of each likelihood. bench/arima_against_r.R and
+// bench/against_statsmodels.py run the first beside other programs.
 
 #include <benchmark/benchmark.h>
 #include <cmath>
