@@ -134,14 +134,16 @@ Real LogDeterminant(const Eigen::LLT<Matrix>& factor) {
 DenseLikelihood Evaluate(const DenseModel& model) {
   const Regression all = Set(model);
   const Eigen::LLT<Matrix> v(Columns(Rows(all.covariance, all.observed), all.observed));
-  Matrix x(v.rows(), all.flat.cols() + all.effects.cols());
-  x << Rows(all.flat, all.observed), Rows(all.effects, all.observed);
-  const Vector y = v.matrixL().solve(all.z - Rows(all.known, all.observed));
-  const Matrix w = v.matrixL().solve(x);
+  Matrix columns(v.rows(), 1 + all.flat.cols() + all.effects.cols());
+  columns << all.z - Rows(all.known, all.observed), Rows(all.flat, all.observed),
+      Rows(all.effects, all.observed);
+  const Matrix white = v.matrixL().solve(columns);
+  const Vector y = white.col(0);
+  const Matrix w = white.rightCols(white.cols() - 1);
 
   DenseLikelihood result;
-  Vector coefficients = Vector::Zero(x.cols());
-  if (x.cols() > 0) coefficients = (w.transpose() * w).llt().solve(w.transpose() * y);
+  Vector coefficients = Vector::Zero(w.cols());
+  if (w.cols() > 0) coefficients = (w.transpose() * w).llt().solve(w.transpose() * y);
   const Real sse = (y - w * coefficients).squaredNorm();
   Real logDeterminant = LogDeterminant(v);
   const Eigen::Index flat = all.flat.cols();

@@ -193,8 +193,9 @@ std::optional<Variances> FromJacobian(const Likelihood& likelihood, const Surrou
   const std::optional<Eigen::MatrixXd> inverse = InversePositive(gram);
   if (!inverse) return std::nullopt;
   const double variance = solution.fit.sse / static_cast<double>(solution.residuals - estimated);
+  const Eigen::VectorXd diagonal = inverse->diagonal();
   return Variances{.coordinates = variance * inverse->topLeftCorner(count, count),
-                   .linear = variance * inverse->diagonal().tail(linear)};
+                   .linear = variance * diagonal.tail(linear)};
 }
 
 }  // namespace
