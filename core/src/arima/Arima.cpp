@@ -12,6 +12,7 @@
 #include "arima/Effects.h"
 #include "arima/FinalState.h"
 #include "arima/Likelihood.h"
+#include "arima/ModelledData.h"
 #include "arima/Search.h"
 #include "arima/SearchSpace.h"
 #include "arima/StdErrors.h"
@@ -28,46 +29,7 @@ std::size_t CountObserved(std::span<const double> series) {
          static_cast<std::size_t>(std::count(series.begin(), series.end(), MV::gMissingValue));
 }
 
-// The size of the differenced series, whose unit the search works in; of the series where too
-// little is observed for differences.
-double UnitOf(const std::vector<double>& series, const Polynomial& difference) {
-  double sum = 0;
-  double squares = 0;
-  double count = 0;
-  double largest = 0;
-  for (std::size_t t = 0; t < series.size(); ++t) {
-    if (series[t] != MV::gMissingValue) largest = std::max(largest, std::abs(series[t]));
-    if (t < Degree(difference)) continue;
-    double w = 0;
-    bool seen = true;
-    for (std::size_t k = 0; k < difference.size(); ++k) {
-      if (difference[k] == 0) continue;
-      seen = seen && series[t - k] != MV::gMissingValue;
-      w += difference[k] * series[t - k];
-    }
-    if (!seen) continue;
-    sum += w;
-    squares += w * w;
-    count += 1;
-  }
-  const double variance = count > 1 ? squares / count - sum * sum / (count * count) : 0;
-  // What is left of a constant is rounding.
-  if (variance > 1e-24 * largest * largest) return std::sqrt(variance);
-  return largest > 0 ? largest : 1;
-}
-
 double FiniteOrMissing(double value) { return std::isfinite(value) ? value : MV::gMissingValue; }
-
-// The specification with outliers counted from case `first`.
-AMModelSpec::Fields CountedFrom(AMModelSpec::Fields spec, std::size_t first) {
-  std::vector<TSOutlierSpec> outliers;
-  for (unsigned j = 0; j < spec.outliers.GetOutlierSpecCount(false); ++j) {
-    const TSOutlierSpec& outlier = spec.outliers.GetOutlierSpec(j);
-    outliers.emplace_back(outlier.GetType(), outlier.GetStartIndex() - static_cast<long>(first));
-  }
-  spec.outliers = TSOutlierSpecList(std::move(outliers));
-  return spec;
-}
 
 // One fit over its span, from transformation to model.
 class ArimaFitter {
@@ -78,30 +40,16 @@ class ArimaFitter {
         first_(first),
         observed_(series.subspan(first)),
         options_(options),
-        spec_(CountedFrom(options.spec, first)) {
-    const int function = options.spec.y_transform.GetFunctionType();
-    for (const double y : observed_) {
-      modelled_.push_back(y == MV::gMissingValue ? y : Transformed(function, y));
-    }
-    data_.unit = UnitOf(modelled_, SeriesDifference(spec_));
-    for (const double z : modelled_) {
-      data_.series.push_back(z == MV::gMissingValue ? z : z / data_.unit);
-    }
-    for (unsigned i = 0; i < spec_.GetXCount(); ++i) {
-      const int own = spec_.GetXTransformSpec(i).GetFunctionType();
-      std::vector<double> x(predictors[i].begin() + static_cast<std::ptrdiff_t>(first),
-                            predictors[i].end());
-      for (double& value : x) value = Transformed(own, value);
-      data_.predictors.push_back(std::move(x));
-    }
-  }
+        spec_(CountedFrom(options.spec, first)),
+        modelled_(ModelledSeries(observed_, options.spec.y_transform.GetFunctionType())),
+        data_(MakeArimaData(spec_, modelled_, predictors, first)) {}
 
   void Run(ArimaFit& fit) {
     if (!HasRows(fit)) return;
     const Design design(spec_, data_);
     const Likelihood likelihood(design, options_.method);
     if (!CanEstimate(likelihood, fit)) return;
-    const SearchSpace space(spec_, LeftOut(likelihood));
+    const SearchSpace space(spec_, likelihood.LeftOut());
     const ArimaSearchResult found = SearchArima(likelihood, space);
     if (!found.best.usable) {
       RefuseArima(fit, FitStatus::kNotIdentified, "the likelihood of the model has no maximum");
@@ -159,14 +107,6 @@ class ArimaFitter {
                          "series is constant");
     }
     return true;
-  }
-
-  // By position, the linear coefficients that are not estimated.
-  std::vector<bool> LeftOut(const Likelihood& likelihood) const {
-    std::vector<bool> leftOut(spec_.GetParameterCount(true), false);
-    const std::vector<std::size_t>& linear = likelihood.GetDesign().LinearPositions();
-    for (std::size_t j = 0; j < linear.size(); ++j) leftOut[linear[j]] = likelihood.IsDropped(j);
-    return leftOut;
   }
 
   void Deliver(const Likelihood& likelihood, const SearchSpace& space,
@@ -293,14 +233,12 @@ ArimaFit FitArima(std::span<const double> series, std::span<const std::vector<do
                   const ArimaOptions& options) {
   ArimaFit fit;
   if (!CheckArima(series, predictors, options, fit)) return fit;
-  const auto first =
-      std::find_if(series.begin(), series.end(), [](double y) { return y != MV::gMissingValue; });
-  if (first == series.end()) {
+  const std::size_t first = FirstObserved(series);
+  if (first == series.size()) {
     RefuseArima(fit, FitStatus::kTooShort, "the series has no case that is not missing");
     return fit;
   }
-  ArimaFitter(series, predictors, static_cast<std::size_t>(first - series.begin()), options)
-      .Run(fit);
+  ArimaFitter(series, predictors, first, options).Run(fit);
   return fit;
 }
 

@@ -156,6 +156,20 @@ Evaluation Likelihood::At(std::vector<double> parameters) const {
   return evaluation;
 }
 
+std::vector<bool> Likelihood::LeftOut() const {
+  std::vector<bool> leftOut(design_.Spec().GetParameterCount(true), false);
+  const std::vector<std::size_t>& linear = design_.LinearPositions();
+  for (std::size_t j = 0; j < linear.size(); ++j) leftOut[linear[j]] = dropped_[j];
+  return leftOut;
+}
+
+Eigen::MatrixXd Likelihood::RegressorsOf(const Eigen::MatrixXd& effects,
+                                         const std::vector<double>& parameters) const {
+  const Standardised filtered = Filter(NoiseModel(design_.Spec(), parameters), effects);
+  if (!filtered.usable) return Eigen::MatrixXd(effects.rows(), 0);
+  return filtered.columns.rightCols(effects.cols());
+}
+
 double Likelihood::CriterionAt(const std::vector<double>& parameters) const {
   return At(parameters).Criterion();
 }

@@ -47,6 +47,14 @@ class Likelihood {
   // data do not tell it from those before it.
   bool IsDropped(std::size_t linear) const { return dropped_[linear]; }
 
+  // IsDropped() by position in the parameter vector.
+  std::vector<bool> LeftOut() const;
+
+  // The standardised errors of columns on the differenced series, as `regressors` of At() has them.
+  // Without columns when not usable.
+  Eigen::MatrixXd RegressorsOf(const Eigen::MatrixXd& effects,
+                               const std::vector<double>& parameters) const;
+
   // Whether the values that are missing before the first row can be told from the others.
   bool IsIdentified() const { return identified_; }
 

@@ -35,12 +35,14 @@ struct Neighbourhood {
 Neighbourhood Nearest(std::size_t count, std::size_t window, double at) {
   Neighbourhood near;
   near.size = std::min(window, count);
-  const double centred = at - static_cast<double>((near.size - 1) / 2);
+  const std::size_t half = (near.size - 1) / 2;
+  const double centred = at - static_cast<double>(half);
   near.first =
       static_cast<std::size_t>(std::clamp(centred, 0.0, static_cast<double>(count - near.size)));
   near.width = std::max(at - static_cast<double>(near.first),
                         static_cast<double>(near.first + near.size - 1) - at);
-  if (window > count) near.width += static_cast<double>((window - count) / 2);
+  const std::size_t beyond = window > count ? (window - count) / 2 : 0;
+  near.width += static_cast<double>(beyond);
   return near;
 }
 
