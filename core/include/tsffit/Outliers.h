@@ -18,18 +18,18 @@
 //        fitted model, as the series was, and clear it of the constant and of what else the model
 //        holds; the residuals regressed on it give the size of the outlier, and over a scale of the
 //        residuals that outliers do not move (1.483 times the median absolute deviation) its tau.
-//        The type at a case, and the case among its neighbours, are not read from the largest tau:
-//        the rivals are each estimated jointly with the model, and the likelihood decides. The
-//        outlier joins the model; again, until no tau is critical.
+//        Type and case are not read off the largest tau: its rivals, of every type and within two
+//        cases, are each estimated jointly with the model, and the likelihood decides. The outlier
+//        joins the model, provisionally, when tau or its test (see II) is critical; and again.
 //   II   Take the outliers out of the joint fit one at a time, the weakest first, as long as one is
-//        below the critical value. Its test is the likelihood ratio, the root of twice the
+//        below the critical value. The test is the likelihood ratio, the root of twice the
 //        difference of the log-likelihoods with and without it, which has no need of a standard
 //        error. Look again whether another type or a neighbouring case serves an outlier better.
 //   III  Look for outliers once more, with the parameters of the fit that has them all.
 //
-// During the search a transient outlier decays by `transient_decay`; the final fit estimates the
-// decay, the outlier's second parameter. So a transient outlier is neither preferred for its
-// additional parameter nor refused because of it.
+// A transient outlier is looked for, and compared with other types, with the decay
+// `transient_decay`; so it is neither preferred for its additional parameter nor refused because of
+// it. Once it has joined the model its decay, the second parameter, is estimated.
 //
 // Where two types have the same effect, the first of additive, level, transient, innovational,
 // seasonal additive and trend is taken: in white noise there are no innovational outliers beside
@@ -41,7 +41,7 @@ namespace tsffit {
 
 struct OutlierSearch {
   // An outlier must reach this value: the root of twice the gain in log-likelihood. 0: by the
-  // number n of observed cases and of types, so that about one series without outliers in twenty
+  // number of observed cases and of types, so that at most one series without outliers in twenty
   // shows one; CriticalOutlierValue tells.
   double critical_value = 0;
 
@@ -53,14 +53,14 @@ struct OutlierSearch {
   double transient_decay = 0.7;  // between 0 and 1, both excluded
 
   // Outliers to find at most, those given not counted. 0: one for every twenty observed cases, at
-  // least one.
+  // least one and at most 20.
   std::size_t max_outliers = 0;
 };
 
 // The critical value that OutlierSearch::critical_value 0 stands for, with `observed` cases and
-// `types` types to look for: the quantile of the normal distribution that leaves
-// 0.05 / (number of effectively independent tests) outside; how many tests that is was
-// measured on simulated series of 50 to 500 cases.
+// `types` types to look for: what a normal variable exceeds in absolute value with probability
+// 0.05 / (2 * observed * types). In simulations of autoregressions, moving averages and seasonal
+// models, 50 to 250 cases, two to four series of 100 without outliers showed one.
 TSF_EXPORT double CriticalOutlierValue(std::size_t observed, std::size_t types);
 
 // As FitArima, of which it is the fit with the outliers of `options.spec` and, after those and in
@@ -69,8 +69,11 @@ TSF_EXPORT double CriticalOutlierValue(std::size_t observed, std::size_t types);
 // their type. A search that cannot be made (`search` out of its range: kBadOptions; a model that
 // cannot be fitted even without outliers: the status of that fit) says so as FitArima would.
 //
-// Costs about ten fits and one more for each rival of each outlier found. Deterministic; never
-// throws on data; memory exhaustion passes through as std::bad_alloc. Any number of threads.
+// A series half of whose residuals are the same has no scale to judge outliers by; none is found.
+//
+// Time: about ten fits for each outlier, and as many again to test them where there are several: 5
+// to 20 ms for 150 cases. Deterministic; never throws on data; memory exhaustion passes through as
+// std::bad_alloc. Any number of threads.
 //
 //   tsffit::ArimaOptions options;  // a mean, and what disturbs it
 //   options.spec.has_constant = true;

@@ -6,6 +6,7 @@
 #include <tsffit/Arima.h>
 #include <tsffit/Croston.h>
 #include <tsffit/Forecast.h>
+#include <tsffit/Outliers.h>
 #include <tsffit/Smoothing.h>
 #include <tsffit/Version.h>
 
