@@ -40,9 +40,11 @@
 // taken.
 //
 // The search begins at the models (2,2)(1,1), (0,0)(0,0), (1,0)(1,0) and (0,1)(0,1), and (0,0)(0,0)
-// without constant, as far as the limits allow, goes to the best of them and then to the best of
-// its neighbours, until it has none that is better: p, q or both one more or less, P, Q or both one
-// more or less, with the constant and without.
+// without constant, as far as the limits allow, and tries the neighbours of the best model so far:
+// p, q or both one more or less, P, Q or both one more or less, with the constant and without.
+// Where the paper goes on from the best model alone, it goes on from the best four, until the
+// neighbours of each have been tried; so it gets past models that are refused. An exhaustive search
+// tries all models up to an order instead.
 //
 // The criterion is AICc = -2 LL + 2 k + 2 k (k + 1) / (n - k - 1), where n is the number of
 // residuals and k the number of coefficients estimated plus one for the error variance (Hurvich,
@@ -51,7 +53,7 @@
 // says about the final fit, and compares models with the same differences only.
 //
 // A model is refused when the fit fails, when n <= k + 1, or when its AR or MA polynomial has a
-// root of modulus below 1.01: such models forecast badly and their likelihood is hard to compute.
+// root of modulus below 1.01 (1.001 in the paper; R's package has since moved to 1.01).
 namespace tsffit {
 
 struct AutoArimaOptions {
@@ -82,7 +84,8 @@ struct AutoArimaOptions {
   unsigned max_q = 5;
   unsigned max_P = 2;
   unsigned max_Q = 2;
-  unsigned max_order = 0;  // of p + q + P + Q; 0: no limit but those above
+  unsigned max_order = 5;   // of p + q + P + Q, in an exhaustive search
+  bool exhaustive = false;  // all models within the limits instead of a stepwise search
   unsigned max_d = 2;
   unsigned max_D = 1;
 
@@ -90,10 +93,11 @@ struct AutoArimaOptions {
 };
 
 struct AutoArimaFit {
-  // As FitArima; fit.model has the orders found. Its status is kNotIdentified when no model could
-  // be fitted or all were refused, and that of the first reason found against the series when it is
-  // not fit to be modelled: a value outside the domain of the transformation, fewer than
-  // 4 observed cases, no variation, predictors that do not go with the series.
+  // As FitArima; fit.model has the orders found. A series that a constant, the predictors and the
+  // outliers given cannot be fitted to, as it is or differenced, has the status of that fit: a
+  // value outside the domain of the transformation, too few cases, nothing left to explain (a
+  // constant, a straight line). kNotIdentified also when no model could be fitted or all were
+  // refused.
   ArimaFit fit;
   double aicc = 0;            // of the model found, by exact likelihood; missing without one
   unsigned models_tried = 0;  // fits made in the search for the orders

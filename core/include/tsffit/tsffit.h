@@ -4,6 +4,7 @@
 // Fitting and forecasting with the embedded core.
 
 #include <tsffit/Arima.h>
+#include <tsffit/AutoArima.h>
 #include <tsffit/Croston.h>
 #include <tsffit/Forecast.h>
 #include <tsffit/Outliers.h>
