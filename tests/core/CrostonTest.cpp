@@ -360,6 +360,14 @@ TSFCrModel ModelOf(double size, double interval, double error, int function = 0)
   return TSFCrModel(new TSFCrModelImp(std::move(fields)));
 }
 
+// The normal quantile of 1 - 2^-54 is 8.2924.
+TEST(CrostonForecast, LimitsHoldUpToTheLastConfidenceBelowOne) {
+  const CrostonFit fit = FitCroston(kWorked, Weights(0.5));
+  const auto forecasts = tsffit::Forecast(fit.model, 1, std::nextafter(1.0, 0.0));
+  ASSERT_EQ(forecasts.upper.size(), 1U);
+  EXPECT_NEAR((forecasts.upper[0] - forecasts.value[0]) / forecasts.std_error[0], 8.2924, 1e-4);
+}
+
 TEST(CrostonForecast, ThereIsNoneWithoutUsableLevels) {
   EXPECT_TRUE(tsffit::Forecast(TSFCrModel(), 3).value.empty());
   EXPECT_TRUE(tsffit::Forecast(ModelOf(kMissing, 2, 1), 3).value.empty());

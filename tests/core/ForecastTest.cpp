@@ -89,6 +89,14 @@ TEST(Forecast, LimitsAreNormalQuantilesAway) {
   }
 }
 
+// The normal quantile of 1 - 2^-54 is 8.2924.
+TEST(Forecast, LimitsHoldUpToTheLastConfidenceBelowOne) {
+  const TSFModel model = Fit(test::DataColumn("airpassengers.csv"), ESModelSpec::kSimple, 1).model;
+  const auto forecasts = tsffit::Forecast(model, 1, std::nextafter(1.0, 0.0));
+  ASSERT_EQ(forecasts.upper.size(), 1U);
+  EXPECT_NEAR((forecasts.upper[0] - forecasts.value[0]) / forecasts.std_error[0], 8.2924, 1e-4);
+}
+
 TEST(Forecast, LimitsUnderTheLogarithmAreBackTransformed) {
   const auto series = test::DataColumn("airpassengers.csv");
   const auto forecast =

@@ -1,7 +1,6 @@
 #include "arima/Forecast.h"
 
 #include <algorithm>
-#include <boost/math/distributions/normal.hpp>
 #include <cmath>
 #include <memory>
 #include <utility>
@@ -17,6 +16,7 @@
 #include "arima/NoiseFilter.h"
 #include "arima/StateSpace.h"
 #include "smoothing/Transform.h"
+#include "stats/ConfidenceWidth.h"
 
 namespace tsffit {
 
@@ -333,7 +333,7 @@ bool ContinueAny(const ARMAForecastState& state, const std::vector<double>& mean
 
 Forecasts OnOriginalScale(const Path& path, std::size_t deficit, double errorVariance, int function,
                           double confidence) {
-  const double width = boost::math::quantile(boost::math::normal(), 0.5 + confidence / 2);
+  const double width = ConfidenceWidth(confidence);
   Forecasts forecasts;
   for (std::size_t h = deficit; h < path.mean.size(); ++h) {
     forecasts.value.push_back(Untransformed(function, path.mean[h]));

@@ -1,11 +1,11 @@
 #include <algorithm>
-#include <boost/math/distributions/normal.hpp>
 #include <cmath>
 #include <numbers>
 
 #include <tsffit/Croston.h>
 
 #include "smoothing/Transform.h"
+#include "stats/ConfidenceWidth.h"
 
 namespace tsffit {
 
@@ -52,7 +52,7 @@ Forecasts Forecast(const TSFCrModel& model, unsigned horizon, double confidence,
   const double absolute = LevelOf(model, kErrors);
   const bool known = IsKnown(absolute);
   const double error = std::sqrt(std::numbers::pi / 2) * absolute;
-  const double width = boost::math::quantile(boost::math::normal(), 0.5 + confidence / 2) * error;
+  const double width = ConfidenceWidth(confidence) * error;
   forecasts.std_error.assign(horizon, known ? error : MV::gMissingValue);
   forecasts.lower.assign(horizon, known ? std::max(value - width, 0.0) : MV::gMissingValue);
   forecasts.upper.assign(horizon, known ? value + width : MV::gMissingValue);

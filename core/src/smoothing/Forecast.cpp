@@ -1,14 +1,15 @@
+#include "arima/Forecast.h"
+
 #include <algorithm>
-#include <boost/math/distributions/normal.hpp>
 #include <cmath>
 
 #include <tsfcore/ARMAForecastState.h>
 #include <tsfcore/ESForecastState.h>
 #include <tsffit/Forecast.h>
 
-#include "arima/Forecast.h"
 #include "smoothing/Recursion.h"
 #include "smoothing/Transform.h"
+#include "stats/ConfidenceWidth.h"
 
 namespace tsffit {
 
@@ -138,7 +139,7 @@ Forecasts Forecast(const TSFModel& model, unsigned horizon, double confidence) {
   const Path path = PathOf(from, horizon);
   const std::vector<double> variances = RelativeVariances(from, path, horizon);
   const double variance = model.GetImp()->GetEstimationInfo().GetErrorVariance();
-  const double width = boost::math::quantile(boost::math::normal(), 0.5 + confidence / 2);
+  const double width = ConfidenceWidth(confidence);
   const int function = state->GetESModelSpec().GetYTransformSpec().GetFunctionType();
   for (std::size_t h = 0; h < horizon; ++h) {
     const double point = PointForecast(path, from.traits.season, h);
