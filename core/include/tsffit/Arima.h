@@ -145,7 +145,8 @@ TSF_EXPORT ArimaFit FitArima(std::span<const double> series,
 
 // Forecasts `horizon` periods from the model's final state alone, given the predictors' values in
 // these periods: one list for each predictor, each at least `horizon` long, first the period after
-// the end of the series (after the state, when that has a period deficit). Values, standard errors
+// the end of the series (after the state, and longer by the deficit, when that has a period
+// deficit). Values, standard errors
 // and limits as for smoothing models (Forecast.h); the parameters and the predictors' values count
 // as known. Empty lists also when a predictor's values are too few, not finite or outside the
 // domain of its transformation, and when the state lacks a number. A missing estimate counts as 0.

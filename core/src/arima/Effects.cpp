@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include <tsfcore/MV.h>
 
@@ -26,6 +27,12 @@ Polynomial FactorProduct(std::span<const double> parameters, std::size_t first,
       Minus(1, seasonal, Coefficients(parameters, first + regular.GetCount(), seasonal)));
 }
 
+// Of a differencing; no more than what leaves room for lags to be added.
+std::size_t DegreeOf(unsigned regular, unsigned seasonal, unsigned seasonLength) {
+  const std::size_t degree = regular + std::size_t{seasonal} * seasonLength;
+  return std::min(degree, std::numeric_limits<std::size_t>::max() / 2);
+}
+
 }  // namespace
 
 Polynomial SeriesDifference(const AMModelSpec& spec) {
@@ -41,6 +48,21 @@ Polynomial PredictorDifference(const AMModelSpec& spec, unsigned i) {
   unsigned delay = 0;
   spec.GetXDiffNDelay(i, regular, seasonal, delay);
   return DifferencePolynomial(regular, seasonal, spec.GetSeasonLength(true));
+}
+
+std::size_t DifferenceDegree(const AMModelSpec& spec) {
+  unsigned regular = 0;
+  unsigned seasonal = 0;
+  spec.GetYDiff(regular, seasonal);
+  return DegreeOf(regular, seasonal, spec.GetSeasonLength(true));
+}
+
+std::size_t PredictorDifferenceDegree(const AMModelSpec& spec, unsigned i) {
+  unsigned regular = 0;
+  unsigned seasonal = 0;
+  unsigned delay = 0;
+  spec.GetXDiffNDelay(i, regular, seasonal, delay);
+  return DegreeOf(regular, seasonal, spec.GetSeasonLength(true));
 }
 
 Arma NoiseModel(const AMModelSpec& spec, std::span<const double> parameters) {
@@ -81,11 +103,11 @@ std::size_t PredictorReach(const AMModelSpec& spec, unsigned i) {
   AMPowers regular;
   AMPowers seasonal;
   spec.GetXNumerator(i, regular, seasonal);
-  return Degree(PredictorDifference(spec, i)) + delay + Degree(regular) + Degree(seasonal);
+  return PredictorDifferenceDegree(spec, i) + delay + Degree(regular) + Degree(seasonal);
 }
 
 std::size_t FirstPeriod(const AMModelSpec& spec) {
-  std::size_t first = Degree(SeriesDifference(spec));
+  std::size_t first = DifferenceDegree(spec);
   for (unsigned i = 0; i < spec.GetXCount(); ++i) {
     first = std::max(first, PredictorReach(spec, i));
   }

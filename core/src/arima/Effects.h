@@ -18,6 +18,10 @@ namespace tsffit {
 Polynomial SeriesDifference(const AMModelSpec& spec);
 Polynomial PredictorDifference(const AMModelSpec& spec, unsigned i);
 
+// Their degrees, also where the polynomials would not fit into memory.
+std::size_t DifferenceDegree(const AMModelSpec& spec);
+std::size_t PredictorDifferenceDegree(const AMModelSpec& spec, unsigned i);
+
 // phi(B) and theta(B) at the parameter vector. Missing parameters count as 0 here and below.
 Arma NoiseModel(const AMModelSpec& spec, std::span<const double> parameters);
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <limits>
 #include <memory>
 #include <utility>
 
@@ -28,9 +30,20 @@ struct Path {
   std::vector<double> variance{};
 };
 
-bool AllKnown(const std::valarray<double>& values) {
+// No fit has more; sums of periods and a horizon stay in the range of their types.
+constexpr std::uint64_t kMostPeriods = std::numeric_limits<std::uint32_t>::max();
+
+template <typename Values>
+bool AllKnown(const Values& values) {
   return std::all_of(std::begin(values), std::end(values),
                      [](double v) { return v != MV::gMissingValue && std::isfinite(v); });
+}
+
+std::size_t DenominatorDegree(const AMModelSpec& spec, unsigned i) {
+  AMPowers regular;
+  AMPowers seasonal;
+  spec.GetXDenominator(i, regular, seasonal);
+  return Degree(regular) + Degree(seasonal);
 }
 
 std::vector<double> ToVector(const std::valarray<double>& values) {
@@ -56,7 +69,9 @@ class Outlook {
     for (unsigned i = 0; i < spec_.GetXCount(); ++i) {
       if (!AddPredictor(i, predictors[i])) return false;
     }
-    for (unsigned j = 0; j < spec_.GetOutliers().GetOutlierSpecCount(false); ++j) AddOutlier(j);
+    for (unsigned j = 0; j < spec_.GetOutliers().GetOutlierSpecCount(false); ++j) {
+      if (!AddOutlier(j)) return false;
+    }
     return true;
   }
 
@@ -68,10 +83,10 @@ class Outlook {
     const std::valarray<double>* output = nullptr;
     state_.GetXHistory(i, past, output);
     const std::size_t reach = PredictorReach(spec_, i);
-    const TransferFunction transfer = TransferFunctionOf(spec_, i, parameters_);
-    const std::size_t depth = Degree(transfer.denominator);
+    const std::size_t depth = DenominatorDegree(spec_, i);
     if ((past == nullptr ? 0 : past->size()) < reach || future.size() < mean_.size()) return false;
     if ((output == nullptr ? 0 : output->size()) < depth) return false;
+    const TransferFunction transfer = TransferFunctionOf(spec_, i, parameters_);
 
     std::vector<double> x;
     for (std::size_t k = reach; k > 0; --k) x.push_back((*past)[past->size() - k]);
@@ -82,10 +97,7 @@ class Outlook {
     }
     std::vector<double> response;
     for (std::size_t k = depth; k > 0; --k) response.push_back((*output)[output->size() - k]);
-    if (!std::all_of(x.begin(), x.end(), Known) ||
-        !std::all_of(response.begin(), response.end(), Known)) {
-      return false;
-    }
+    if (!AllKnown(x) || !AllKnown(response)) return false;
 
     const Polynomial filter = Product(Product(transfer.numerator, transfer.seasonal_numerator),
                                       PredictorDifference(spec_, i));
@@ -103,33 +115,38 @@ class Outlook {
     return true;
   }
 
-  static bool Known(double value) { return value != MV::gMissingValue && std::isfinite(value); }
-
-  void AddOutlier(unsigned j) {
+  bool AddOutlier(unsigned j) {
     const TSOutlierSpecList& outliers = spec_.GetOutliers();
     const TSOutlierSpec& outlier = outliers.GetOutlierSpec(j);
-    if (outlier.GetType() == TSOutlierSpec::kNone) return;
+    if (outlier.GetType() == TSOutlierSpec::kNone) return true;
+    if (outlier.GetType() == TSOutlierSpec::kSeasonalAdditive && spec_.GetSeasonLength(true) == 0) {
+      return false;
+    }
+    const long start = outlier.GetStartIndex();
+    if (start < -static_cast<long>(kMostPeriods)) return false;
     const std::size_t at = spec_.GetOutlierParmIndex() + outliers.ParameterVectorIndex(j, 0);
     const double size = ValueOrZero(parameters_[at]);
-    if (size == 0) return;
+    if (size == 0) return true;
     const double decay =
         outlier.GetType() == TSOutlierSpec::kTransient ? ValueOrZero(parameters_[at + 1]) : 0;
     const auto& period = state_.GetPeriodRecord();
-    const auto ahead = static_cast<long>(period.length - period.period_deficit);
+    const long first = static_cast<long>(period.length - period.period_deficit) - start;
+    const long behind = first + static_cast<long>(mean_.size());
+    if (behind <= 0) return true;
     const Polynomial difference = SeriesDifference(spec_);
     std::vector<double> psi;
     if (outlier.GetType() == TSOutlierSpec::kInnovational) {
-      psi = PsiWeights(NoiseModel(spec_, parameters_),
-                       mean_.size() + static_cast<std::size_t>(ahead));
+      psi = PsiWeights(NoiseModel(spec_, parameters_), static_cast<std::size_t>(behind));
     }
     for (std::size_t h = 0; h < mean_.size(); ++h) {
-      const long steps = ahead + static_cast<long>(h) - outlier.GetStartIndex();
+      const long steps = first + static_cast<long>(h);
       if (steps < 0) continue;
       const double shape = psi.empty() ? DifferencedShape(difference, outlier.GetType(), decay,
                                                           spec_.GetSeasonLength(true), steps)
                                        : psi[static_cast<std::size_t>(steps)];
       mean_[h] += size * shape;
     }
+    return true;
   }
 
   const ARMAForecastState& state_;
@@ -159,7 +176,7 @@ bool LastZ(const ARMAForecastState& state, std::size_t count, std::vector<double
   if (actual.size() < count) return false;
   z = ToVector(actual);
   z.erase(z.begin(), z.end() - static_cast<std::ptrdiff_t>(count));
-  return std::find(z.begin(), z.end(), MV::gMissingValue) == z.end();
+  return AllKnown(z);
 }
 
 // From the filtered state and its covariance. Without the lags of Z in the state they are known.
@@ -255,6 +272,18 @@ std::vector<double> Chi(const Arma& arma, const Polynomial& difference, std::siz
   return Quotient({1}, Product(ar, difference), count);
 }
 
+// The last `count` rows of the theta recursion and their variances.
+bool LastRows(const ARMAMLSpForecastState& state, std::size_t count,
+              std::vector<std::vector<double>>& thetas, std::vector<double>& nus) {
+  const auto& given = state.GetFinalThetas();
+  const auto& variances = state.GetFinalNu();
+  if (given.size() < count || variances.size() < count) return false;
+  thetas.assign(given.end() - static_cast<std::ptrdiff_t>(count), given.end());
+  nus.assign(variances.end() - static_cast<std::ptrdiff_t>(count), variances.end());
+  return std::all_of(thetas.begin(), thetas.end(), AllKnown<std::vector<double>>) &&
+         std::all_of(nus.begin(), nus.end(), [](double nu) { return nu > 0 && std::isfinite(nu); });
+}
+
 // Brockwell and Davis (1991), equations 5.3.15 and 5.3.22, D(B) taken with phi(B).
 bool Continue(const ARMAMLSpForecastState& state, const std::vector<double>& mean, Path& path) {
   const AMModelSpec& spec = state.GetAMModelSpec();
@@ -265,14 +294,16 @@ bool Continue(const ARMAMLSpForecastState& state, const std::vector<double>& mea
   std::vector<double> errors;
   const std::size_t depth = std::max(arma.ar.size(), q);
   if (!LastNoise(state.GetActualN(), state.GetPredN(), depth, noise, errors)) return false;
-  const auto& thetas = state.GetFinalThetas();
-  if (thetas.size() < q || state.GetFinalNu().size() < q || state.GetFinalIterCount() < depth) {
+  std::vector<std::vector<double>> thetas;
+  std::vector<double> lastNus;
+  if (state.GetFinalIterCount() < depth || state.GetFinalIterCount() > kMostPeriods ||
+      !LastRows(state, q, thetas, lastNus)) {
     return false;
   }
   for (const std::vector<double>& row : thetas) {
     if (row.size() < q && state.GetFinalIterCount() > depth + q) return false;
   }
-  ThetaRecursion recursion(arma, state.GetFinalIterCount(), thetas, state.GetFinalNu());
+  ThetaRecursion recursion(arma, state.GetFinalIterCount(), std::move(thetas), std::move(lastNus));
   std::vector<std::vector<double>> rows;
   std::vector<double> nus;
   for (std::size_t h = 0; h < horizon; ++h) {
@@ -331,6 +362,40 @@ bool ContinueAny(const ARMAForecastState& state, const std::vector<double>& mean
   return cls != nullptr && Continue(*cls, mean, path);
 }
 
+// How many values the state goes on from.
+std::size_t ValuesKept(const ARMAForecastState& state) {
+  const std::size_t z = state.GetActualZ().size();
+  if (const auto* ml = dynamic_cast<const ARMAMLForecastState*>(&state)) {
+    return z + ml->GetFinalStateV().size();
+  }
+  if (const auto* theta = dynamic_cast<const ARMAMLSpForecastState*>(&state)) {
+    return z + theta->GetActualN().size();
+  }
+  const auto* cls = dynamic_cast<const ARMACLSForecastState*>(&state);
+  return z + (cls != nullptr ? cls->GetActualN().size() : 0);
+}
+
+// Whether specification, estimates and periods may belong to the state. A model may have been
+// written down by hand and name lags that no memory holds; this comes before all polynomials.
+bool IsPlausible(const ARMAForecastState& state) {
+  const AMModelSpec& spec = state.GetAMModelSpec();
+  const auto& period = state.GetPeriodRecord();
+  if (period.length > kMostPeriods || period.period_deficit > period.length) return false;
+  const std::valarray<double>& estimates = state.GetParameterEstimates();
+  if (estimates.size() < spec.GetParameterCount(true)) return false;
+  if (!std::all_of(std::begin(estimates), std::end(estimates),
+                   [](double value) { return std::isfinite(value); })) {
+    return false;
+  }
+  const std::size_t kept = ValuesKept(state);
+  AMPowers regular;
+  AMPowers seasonal;
+  spec.GetARStruct(regular, seasonal);
+  if (Degree(regular) + Degree(seasonal) > kept) return false;
+  spec.GetMAStruct(regular, seasonal);
+  return Degree(regular) + Degree(seasonal) <= kept && DifferenceDegree(spec) <= kept;
+}
+
 Forecasts OnOriginalScale(const Path& path, std::size_t deficit, double errorVariance, int function,
                           double confidence) {
   const double width = ConfidenceWidth(confidence);
@@ -358,8 +423,7 @@ Forecasts ForecastArima(const ARMAForecastState& state, const EstimationInfo& in
                         double confidence) {
   const AMModelSpec& spec = state.GetAMModelSpec();
   if (!(confidence > 0 && confidence < 1)) return {};
-  if (state.GetParameterEstimates().size() < spec.GetParameterCount(true)) return {};
-  if (futurePredictors.size() != spec.GetXCount()) return {};
+  if (futurePredictors.size() != spec.GetXCount() || !IsPlausible(state)) return {};
 
   const auto deficit = static_cast<std::size_t>(state.GetPeriodRecord().period_deficit);
   Outlook outlook(state, horizon + deficit);

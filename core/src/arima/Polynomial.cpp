@@ -25,7 +25,8 @@ Polynomial Product(const Polynomial& a, const Polynomial& b) {
 Polynomial DifferencePolynomial(unsigned regular, unsigned seasonal, unsigned seasonLength) {
   Polynomial p = {1};
   for (unsigned i = 0; i < regular; ++i) p = Product(p, {1, -1});
-  Polynomial season(seasonLength + 1, 0.0);
+  if (seasonal == 0) return p;  // the season may be of any length
+  Polynomial season(std::size_t{seasonLength} + 1, 0.0);
   season.front() = 1;
   season.back() = -1;
   for (unsigned i = 0; i < seasonal; ++i) p = Product(p, season);
