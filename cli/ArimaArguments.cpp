@@ -8,6 +8,13 @@
 #include "cli/Text.h"
 
 namespace tsx::cli {
+namespace {
+
+constexpr char kAutoArima[] = "auto-arima";
+
+}  // namespace
+
+const char kArimaModels[] = "arima(p,d,q), arima(p,d,q)(P,D,Q), auto-arima";
 
 void AddArimaOptions(CLI::App& app, ArimaArguments& raw) {
   const auto add = [&app](const char* name, auto& value, const char* type, const char* text) {
@@ -27,7 +34,8 @@ void AddArimaOptions(CLI::App& app, ArimaArguments& raw) {
       "periods before it takes effect; num=N, den=N, orders of the numerator beside its zero lag "
       "and of the denominator of its transfer function; diff=N, differences; snum=N, sden=N, "
       "sdiff=N, the same in seasons; transform=log or sqrt. Predictors are not differenced with "
-      "the series: each has its own diff. A predictor has no missing values up to the last value "
+      "the series: each has its own diff (auto-arima does as with the series unless a diff or "
+      "sdiff is given). A predictor has no missing values up to the last value "
       "of the series; rows behind that, in which the series is missing, tell its future, and "
       "forecasts reach as far as it is known (and the delay further)")
       ->expected(1)
@@ -38,11 +46,16 @@ void AddArimaOptions(CLI::App& app, ArimaArguments& raw) {
       "number of the case, from 1")
       ->expected(1)
       ->take_all();
+  addFlag("--detect-outliers", raw.detect_outliers,
+          "Search for outliers, beside those that are given");
 }
+
+bool NamesArima(const std::string& model) { return model == kAutoArima || LooksLikeArima(model); }
 
 ArimaRequest CheckedArima(const std::string& model, const ArimaArguments& raw) {
   ArimaRequest arima;
-  arima.orders = ParseArimaOrders(model);
+  arima.automatic = model == kAutoArima;
+  if (!arima.automatic) arima.orders = ParseArimaOrders(model);
   if (raw.constant && raw.no_constant) {
     throw UsageError("--constant and --no-constant exclude each other");
   }
@@ -50,19 +63,19 @@ ArimaRequest CheckedArima(const std::string& model, const ArimaArguments& raw) {
   if (!raw.method.empty()) arima.method = ParseArimaMethod(raw.method);
   for (const std::string& text : raw.predictors) arima.predictors.push_back(ParsePredictor(text));
   for (const std::string& text : raw.outliers) arima.outliers.push_back(ParseOutlier(text));
+  arima.detect_outliers = raw.detect_outliers;
   return arima;
 }
 
 void CheckWithoutArima(const std::string& model, const ArimaArguments& raw) {
-  const std::pair<const char*, bool> options[] = {{"--constant", raw.constant},
-                                                  {"--no-constant", raw.no_constant},
-                                                  {"--method", !raw.method.empty()},
-                                                  {"--predictor", !raw.predictors.empty()},
-                                                  {"--outlier", !raw.outliers.empty()}};
+  const std::pair<const char*, bool> options[] = {
+      {"--constant", raw.constant},         {"--no-constant", raw.no_constant},
+      {"--method", !raw.method.empty()},    {"--predictor", !raw.predictors.empty()},
+      {"--outlier", !raw.outliers.empty()}, {"--detect-outliers", raw.detect_outliers}};
   for (const auto& [name, given] : options) {
     if (!given) continue;
-    throw UsageError(std::string(name) + " goes with --model arima(p,d,q), not with --model " +
-                     Quoted(model));
+    throw UsageError(std::string(name) + " goes with --model arima(p,d,q) or " + kAutoArima +
+                     ", not with --model " + Quoted(model));
   }
 }
 

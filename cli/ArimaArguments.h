@@ -17,12 +17,19 @@ struct ArimaArguments {
   std::vector<std::string> outliers;
   bool constant = false;
   bool no_constant = false;
+  bool detect_outliers = false;
 };
+
+// What --model takes for ARIMA, for messages.
+extern const char kArimaModels[];
 
 // Lets `app` read the options into `raw`, with their help texts.
 void AddArimaOptions(CLI::App& app, ArimaArguments& raw);
 
-// What the options come to, beside a --model that gives orders. Throws UsageError.
+// Whether the text of --model asks for ARIMA, be it with orders that cannot be read.
+bool NamesArima(const std::string& model);
+
+// What such a text and the options come to. Throws UsageError.
 ArimaRequest CheckedArima(const std::string& model, const ArimaArguments& raw);
 
 // Throws UsageError when an option is given, in vain beside another model.

@@ -10,9 +10,16 @@
 
 namespace tsx::cli {
 
+// An ARIMA fit, and the search that led to it.
+struct ArimaOutcome {
+  tsffit::ArimaFit fit;
+  unsigned models_tried = 0;  // 0: the orders were given
+  double aicc = 0;            // where they were searched for
+};
+
 // Fits the request, which must be without fault on the series (see ArimaFault.h).
-tsffit::ArimaFit FitArimaSeries(const ArimaRequest& request, const Series& series,
-                                unsigned seasonLength, int functionType);
+ArimaOutcome FitArimaSeries(const ArimaRequest& request, const Series& series,
+                            unsigned seasonLength, int functionType);
 
 // The state of a fitted ARIMA model; it has no other.
 const ARMAForecastState& ArimaStateOf(const TSFModel& model);

@@ -166,6 +166,7 @@ void ReadPredictorKey(OptionReader& in, PredictorRequest& predictor,
   in.Expect('=');
   if (key.count != nullptr) {
     predictor.*key.count = in.Count(0, key.most);
+    if (key.count != &PredictorRequest::delay) predictor.has_differences = true;
   } else if (key.factor != nullptr) {
     predictor.*key.factor.*key.lags = in.OrderOrLags();
   } else {

@@ -34,8 +34,9 @@ struct PredictorRequest {
   int function_type = TSTransformation::kNone;
   unsigned diff = 0;
   unsigned seasonal_diff = 0;
-  unsigned delay = 0;    // in periods
-  FactorLags numerator;  // beside the zero lag
+  bool has_differences = false;  // they are given, be they 0
+  unsigned delay = 0;            // in periods
+  FactorLags numerator;          // beside the zero lag
   FactorLags denominator;
 };
 
@@ -46,11 +47,13 @@ struct OutlierRequest {
 };
 
 struct ArimaRequest {
+  bool automatic = false;  // search for the orders; `orders` are empty then
   ArimaOrders orders;
   std::optional<bool> constant;  // empty: one where the series is not differenced
   tsffit::ArimaMethod method = tsffit::ArimaMethod::kMl;
   std::vector<PredictorRequest> predictors;
   std::vector<OutlierRequest> outliers;
+  bool detect_outliers = false;
 };
 
 // The first part of the request that means seasons, as in "the seasonal part of arima(p,d,q)(P,D,Q)

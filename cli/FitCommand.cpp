@@ -102,7 +102,7 @@ unsigned PlotHorizon(const std::vector<FittedSeries>& fitted, const FitOptions& 
 
 // What people are told: whole summaries, or a line each where a document tells the rest.
 std::string ReportText(const std::vector<FittedSeries>& fitted, const FitOptions& options) {
-  const bool chosen = options.model.kind == nullptr;
+  const bool chosen = LeavesChoice(options.model);
   std::string report;
   for (const FittedSeries& one : fitted) {
     if (IsHopeless(one)) continue;

@@ -47,6 +47,10 @@ ARIMA:
   predictors, (omega0 - omega1 B) / (1 - delta1 B). So lead:delay=3,num=1,den=1
   has omega0, omega1 and delta1, three periods late.
 
+  auto-arima finds orders: of differences by tests of stationarity and of the
+  season's strength, the others by a stepwise search for the lowest AICc.
+  --detect-outliers finds additive, level, transient and innovational outliers.
+
   A fit whose search did not converge is written all the same; its summary says
   so.
 
@@ -71,6 +75,8 @@ Examples:
   tsxport fit seatbelts.csv --variable drivers --model 'arima(1,0,0)(1,0,0)'
               --transform log --predictor law --outlier level@1973-11 -o law.xml
       with a predictor, and a level that changed for good
+  tsxport fit sales.csv --model auto-arima --detect-outliers --forecast 12
+      orders and outliers found
   tsxport fit parts.csv --id part --model croston -o parts.xml
       intermittent demand, where most periods are zero
   tsxport fit airpassengers.csv --format pmml -o air.pmml

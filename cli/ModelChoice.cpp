@@ -100,15 +100,18 @@ void ExplainArima(Candidate& candidate, const Series& series, const tsffit::Arim
 void TryArima(const ModelRequest& request, FittedSeries& fitted) {
   Candidate candidate;
   candidate.kind = &ArimaKind();
-  const tsffit::ArimaFit fit =
+  const ArimaOutcome outcome =
       FitArimaSeries(request.arima, *fitted.series, fitted.season_length, request.function_type);
-  candidate.fitted = fit.status == tsffit::FitStatus::kOk;
+  candidate.fitted = outcome.fit.status == tsffit::FitStatus::kOk;
   if (candidate.fitted) {
     fitted.kind = candidate.kind;
-    fitted.model = fit.model;
-    fitted.converged = fit.summary.converged;
+    fitted.model = outcome.fit.model;
+    fitted.arima = {.converged = outcome.fit.summary.converged,
+                    .models_tried = outcome.models_tried,
+                    .aicc = outcome.aicc,
+                    .outliers_sought = request.arima.detect_outliers};
   } else {
-    ExplainArima(candidate, *fitted.series, fit);
+    ExplainArima(candidate, *fitted.series, outcome.fit);
   }
   fitted.candidates.push_back(candidate);
 }
@@ -161,6 +164,10 @@ void TryAll(const ModelRequest& request, FittedSeries& fitted) {
 
 }  // namespace
 
+bool LeavesChoice(const ModelRequest& request) {
+  return request.kind == nullptr || request.arima.automatic;
+}
+
 ZeroCount CountZeros(const Series& series) {
   constexpr double kLeastShare = 0.3;
   ZeroCount count;
@@ -205,6 +212,10 @@ std::string ReasonForChoice(const FittedSeries& fitted) {
   if (fitted.kind == &CrostonKind()) {
     return "intermittent demand: " + ZerosText(CountZeros(*fitted.series)) +
            "; not compared with smoothing";
+  }
+  if (fitted.kind == &ArimaKind()) {
+    return "lowest AICc of " + std::to_string(fitted.arima.models_tried) + " models, " +
+           FixedText(fitted.arima.aicc, 3);
   }
   std::vector<const Candidate*> ranked;
   for (const Candidate& candidate : fitted.candidates) {

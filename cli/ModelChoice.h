@@ -27,6 +27,9 @@ struct ModelRequest {
   unsigned horizon = 0;
 };
 
+// Whether the model is chosen by what the series is rather than asked for.
+bool LeavesChoice(const ModelRequest& request);
+
 // One kind that was tried.
 struct Candidate {
   const KindInfo* kind = nullptr;
@@ -36,6 +39,14 @@ struct Candidate {
   double bic = 0;       // normalised BIC; minus infinity for a perfect fit; 0 for Croston's method
 };
 
+// How an ARIMA model was found.
+struct ArimaNotes {
+  bool converged = true;
+  unsigned models_tried = 0;  // 0: the orders were given
+  double aicc = 0;            // where they were searched for
+  bool outliers_sought = false;
+};
+
 struct FittedSeries {
   const Series* series = nullptr;
   unsigned season_length = 1;
@@ -43,7 +54,7 @@ struct FittedSeries {
   const KindInfo* kind = nullptr;     // null: hopeless, and the fault says why
   TSFModel model;                     // of a smoothing kind or ARIMA, else empty
   TSFCrModel croston;                 // of Croston's method, else empty
-  bool converged = true;              // of ARIMA: its search came to an end
+  ArimaNotes arima;                   // of ARIMA
   std::string fault;
   Place fault_place;
 };

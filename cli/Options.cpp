@@ -10,7 +10,6 @@
 #include <tsxport/Version.h>
 
 #include "cli/ArimaArguments.h"
-#include "cli/ArimaOptions.h"
 #include "cli/Errors.h"
 #include "cli/HelpPages.h"
 #include "cli/PmmlCheck.h"
@@ -65,8 +64,8 @@ void AddModelOptions(CLI::App& app, RawOptions& raw) {
   };
   add("--model", raw.model, "KIND",
       "simple, brown, holt, damped-trend, simple-seasonal, winters-additive, "
-      "winters-multiplicative; croston, for intermittent demand; arima(p,d,q) or "
-      "arima(p,d,q)(P,D,Q), see below; or auto (the default), which takes croston "
+      "winters-multiplicative; croston, for intermittent demand; arima(p,d,q), "
+      "arima(p,d,q)(P,D,Q) or auto-arima, see below; or auto (the default), which takes croston "
       "where at least 30 % of the cases are zero and none is negative, and else fits all kinds of "
       "smoothing that go with the series and keeps the one with the lowest normalised BIC");
   add("--season", raw.season, "N",
@@ -131,11 +130,11 @@ unsigned ParseCount(const char* option, const std::string& text, unsigned most) 
 const KindInfo* CheckedKind(const std::string& text) {
   const KindInfo* const kind = FindKind(text);
   if (kind != nullptr || text == "auto") return kind;
-  if (LooksLikeArima(text)) return &ArimaKind();
+  if (NamesArima(text)) return &ArimaKind();
   std::string known = "auto";
   for (const KindInfo& one : SmoothingKinds()) known += std::string(", ") + one.option;
   throw UsageError("--model: " + Quoted(text) + " is none of " + known + ", " +
-                   CrostonKind().option + ", arima(p,d,q), arima(p,d,q)(P,D,Q)");
+                   CrostonKind().option + ", " + kArimaModels);
 }
 
 ModelRequest CheckedModel(const RawOptions& raw) {

@@ -175,11 +175,13 @@ std::string ArimaLines(const FittedSeries& fitted, bool chosen) {
   const ARMAForecastState& state = ArimaStateOf(fitted.model);
   const EstimationInfo& info = EstimationOf(fitted);
   std::string lines = Line("model", TitleOf(fitted) + ", " + ArimaMethodText(state));
-  if (!fitted.converged) lines += Line("warning", kNotConverged);
+  if (!fitted.arima.converged) lines += Line("warning", kNotConverged);
   lines += ReasonLine(fitted, chosen);
   lines += Lines("estimates", CoefficientTexts(state, series));
   lines += Lines("predictors", PredictorTexts(state.GetAMModelSpec(), series));
-  lines += Lines("outliers", OutlierTexts(state, series, info.GetSpan().start));
+  std::vector<std::string> outliers = OutlierTexts(state, series, info.GetSpan().start);
+  if (fitted.arima.outliers_sought && outliers.empty()) outliers.emplace_back("none found");
+  lines += Lines("outliers", outliers);
   return lines + Line("likelihood", LikelihoodText(info)) + EstimationLines(fitted);
 }
 
@@ -237,7 +239,7 @@ std::string SummaryLine(const FittedSeries& fitted, bool chosen) {
   std::string text =
       fitted.series->model_name + ": " + (arima ? TitleOf(fitted) : fitted.kind->option);
   if (chosen) text += " (" + ReasonForChoice(fitted) + ")";
-  if (!fitted.converged) text += std::string("; ") + kNotConverged;
+  if (!fitted.arima.converged) text += std::string("; ") + kNotConverged;
   return text + "\n";
 }
 

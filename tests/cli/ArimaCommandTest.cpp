@@ -290,6 +290,71 @@ TEST(ArimaOutlier, CountsCasesFromTheFirstOneOfTheFit) {
             std::string::npos);
 }
 
+TEST(ArimaOutlier, ThatOfTheNileIsFound) {
+  const Outcome outcome = FitData("nile", "--model 'arima(0,0,0)' --detect-outliers");
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_NE(outcome.out.find("  outliers    level from 1899: -2"), std::string::npos)
+      << outcome.out;
+}
+TEST(ArimaOutlier, WhereNoneIsFoundTheSummarySaysSo) {
+  const Outcome outcome = FitData("lakehuron", "--model 'arima(2,0,0)' --detect-outliers");
+  EXPECT_NE(outcome.out.find("  outliers    none found\n"), std::string::npos) << outcome.out;
+}
+TEST(ArimaOutlier, GivenOnesStayBesideThoseFound) {
+  const auto document =
+      DocumentOf("nile", "--model 'arima(0,0,0)' --detect-outliers --outlier additive@1950");
+  EXPECT_EQ(document.select_nodes("//OutlierEffect[@startIndex='28'][@type='level']").size(), 1U);
+  EXPECT_EQ(document.select_nodes("//OutlierEffect[@startIndex='79'][@type='additive']").size(),
+            1U);
+}
+
+TEST(AutoArima, FindsOrdersAndTellsWhy) {
+  const Outcome outcome = FitData("airpassengers", "--model auto-arima --transform log");
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_NE(outcome.out.find("  model       ARIMA(0,1,1)(0,1,1)12 of the logarithm"),
+            std::string::npos)
+      << outcome.out;
+  EXPECT_NE(outcome.out.find("  why         lowest AICc of "), std::string::npos) << outcome.out;
+}
+TEST(AutoArima, TellsItsChoiceBesideADocument) {
+  const Strings lines = Lines(FitData("nile", "--model auto-arima -o m.xml").out);
+  ASSERT_EQ(lines.size(), 2U);
+  EXPECT_TRUE(lines[0].starts_with("nile: ARIMA(")) << lines[0];
+  EXPECT_NE(lines[0].find("(lowest AICc of "), std::string::npos) << lines[0];
+}
+TEST(AutoArima, SeasonOfOneMeansNoSeasons) {
+  EXPECT_EQ(
+      FitData("airpassengers", "--model auto-arima --transform log --season 1").out.find(")("),
+      std::string::npos);
+}
+TEST(AutoArima, GapsLeaveNoSeasons) {
+  const Sandbox box;
+  std::string table = "date,y\n";
+  for (int i = 0; i < 60; ++i) {
+    if (i == 20) continue;
+    table += std::to_string(2000 + i / 12) + "-" + (i % 12 < 9 ? "0" : "") +
+             std::to_string(i % 12 + 1) + "," + std::to_string(i % 12 * 10 + i * i % 7) + "\n";
+  }
+  box.Put("sales.csv", table);
+  const Outcome outcome = box.Run("fit sales.csv --gaps --model auto-arima");
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_EQ(outcome.out.find(")("), std::string::npos) << outcome.out;
+}
+TEST(AutoArima, PredictorIsDifferencedWithTheSeriesUnlessToldOtherwise) {
+  const std::string model = "--variable drivers --model auto-arima --transform log --predictor ";
+  const char kDiff[] = "//ARIMAModel/Transformation/@seasonalDiff";
+  const char kPredictorDiff[] = "//PredictorEffect/Transformation/@seasonalDiff";
+  const auto document = DocumentOf("seatbelts", model + "law");
+  EXPECT_EQ(Attributes(document, kPredictorDiff), Attributes(document, kDiff));
+  EXPECT_EQ(Attributes(DocumentOf("seatbelts", model + "law:diff=0"), kPredictorDiff), Strings{});
+}
+TEST(AutoArima, HopelessSeriesIsNamed) {
+  const Sandbox box;
+  box.Put("sales.csv", "n,y\n1,5\n2,6\n");
+  const std::string line = Complaint(box, "fit sales.csv --model auto-arima");
+  EXPECT_TRUE(line.starts_with("tsxport: sales.csv:2:3: ")) << line;
+}
+
 TEST(ArimaHopeless, ShortSeriesIsRefusedByEveryOrder) {
   const Sandbox box;
   box.Put("sales.csv", "n,y\n1,5\n2,6\n3,4\n4,7\n5,5\n");
@@ -347,7 +412,7 @@ TEST(ArimaBadInput, OptionsEndWithStatusTwoAndWriteNothing) {
        {"--model 'arima(1,1'", "--model 'arima(x,1,1)'", "--model 'arima(1,1,1)' --predictor none",
         "--model 'arima(1,1,1)' --predictor lead:den=x", "--predictor lead",
         "--model 'arima(1,1,1)' --outlier then", "--model 'arima(1,1,1)' --method best",
-        "--model 'arima(1,1,1)' --format pmml", "--model holt --constant"}) {
+        "--model 'arima(1,1,1)' --format pmml", "--model holt --detect-outliers"}) {
     EXPECT_NE(Complaint(box, "fit bjsales.csv -o m.xml " + std::string(arguments)), "");
   }
   EXPECT_EQ(box.Files(), Strings{"bjsales.csv"});

@@ -115,6 +115,11 @@ TEST(PredictorOption, EveryKeyIsTaken) {
   EXPECT_EQ(predictor.denominator.seasonal, (Lags{1, 3}));
   EXPECT_EQ(predictor.function_type, TSTransformation::kLogarithm);
 }
+TEST(PredictorOption, ZeroDifferencesAreDifferencesGiven) {
+  EXPECT_TRUE(ParsePredictor("x:diff=0").has_differences);
+  EXPECT_TRUE(ParsePredictor("x:sdiff=1").has_differences);
+  EXPECT_FALSE(ParsePredictor("x:delay=0").has_differences);
+}
 TEST(PredictorOption, ColonBelongsToTheColumnUnlessKeysFollow) {
   EXPECT_EQ(ParsePredictor("price:euro").column, "price:euro");
   EXPECT_EQ(ParsePredictor("price:euro:delay=1").column, "price:euro");

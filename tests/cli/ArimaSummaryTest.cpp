@@ -121,7 +121,7 @@ std::pair<std::string, std::string> SummaryOf(bool converged) {
   request.arima.orders = ParseArimaOrders("arima(1,0,0)");
   FittedSeries fitted = FitSeries(series, request);
   EXPECT_EQ(fitted.fault, "");
-  fitted.converged = converged;
+  fitted.arima.converged = converged;
   return {SummaryText(fitted, false), SummaryLine(fitted, false)};
 }
 

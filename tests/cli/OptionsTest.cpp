@@ -82,9 +82,10 @@ TEST(Options, ArimaWithAllItsOptions) {
   const FitOptions options =
       Fit({"--model", "arima([1,3],1,0)(0,1,1)", "--method", "cls", "--predictor", "lead:delay=3",
            "--predictor", "law", "--outlier", "level@1957-03", "--outlier", "additive@12",
-           "--constant", "--forecast", "3"});
+           "--detect-outliers", "--constant", "--forecast", "3"});
   const ArimaRequest& arima = options.model.arima;
   EXPECT_EQ(options.model.kind, &ArimaKind());
+  EXPECT_FALSE(LeavesChoice(options.model));
   EXPECT_EQ(arima.orders.ar.non_seasonal, (Lags{1, 3}));
   EXPECT_EQ(arima.method, tsffit::ArimaMethod::kCls);
   ASSERT_EQ(arima.predictors.size(), 2U);
@@ -92,6 +93,7 @@ TEST(Options, ArimaWithAllItsOptions) {
   EXPECT_EQ(options.columns.predictors, (Arguments{"lead", "law"}));
   ASSERT_EQ(arima.outliers.size(), 2U);
   EXPECT_EQ(arima.outliers[1].type, TSOutlierSpec::kAdditive);
+  EXPECT_TRUE(arima.detect_outliers);
   EXPECT_EQ(arima.constant, true);
   EXPECT_EQ(options.model.horizon, 3U);
 }
@@ -99,7 +101,14 @@ TEST(Options, ArimaDefaults) {
   const FitOptions options = Fit({"--model", "arima(0,1,1)"});
   EXPECT_EQ(options.model.arima.method, tsffit::ArimaMethod::kMl);
   EXPECT_EQ(options.model.arima.constant, std::nullopt);
+  EXPECT_FALSE(options.model.arima.detect_outliers);
   EXPECT_EQ(Fit({"--model", "arima(0,1,1)", "--no-constant"}).model.arima.constant, false);
+}
+TEST(Options, AutoArimaLeavesTheOrdersOpen) {
+  const FitOptions options = Fit({"--model", "auto-arima", "--predictor", "x"});
+  EXPECT_EQ(options.model.kind, &ArimaKind());
+  EXPECT_TRUE(options.model.arima.automatic);
+  EXPECT_TRUE(LeavesChoice(options.model));
 }
 TEST(Options, PredictorDoesNotSwallowTheFile) {
   const auto invocation =
@@ -107,9 +116,11 @@ TEST(Options, PredictorDoesNotSwallowTheFile) {
   EXPECT_EQ(invocation.fit->input, "a.csv");
 }
 TEST(Options, PmmlHasNoPlaceForArima) {
-  EXPECT_EQ(FitError({"--format", "pmml", "--model", "arima(0,1,1)"}),
-            "--model: --format pmml has no place for ARIMA, of which PMML 4.2 knows no more than "
-            "the name; use --format tscxml");
+  for (const char* model : {"arima(0,1,1)", "auto-arima"}) {
+    EXPECT_EQ(FitError({"--format", "pmml", "--model", model}),
+              "--model: --format pmml has no place for ARIMA, of which PMML 4.2 knows no more than "
+              "the name; use --format tscxml");
+  }
 }
 TEST(Options, FormatIsTscxmlOrPmml) {
   EXPECT_EQ(Fit({"--format", "tscxml"}).format, DocumentFormat::kTscxml);
@@ -157,7 +168,7 @@ TEST(OptionsError, UnknownValues) {
   EXPECT_EQ(FitError({"--model", "arima"}),
             "--model: 'arima' is none of auto, simple, brown, holt, damped-trend, simple-seasonal, "
             "winters-additive, winters-multiplicative, croston, arima(p,d,q), "
-            "arima(p,d,q)(P,D,Q)");
+            "arima(p,d,q)(P,D,Q), auto-arima");
   EXPECT_EQ(FitError({"--transform", "cube"}), "--transform: 'cube' is none of none, log, sqrt");
 }
 TEST(OptionsError, UnknownOptionsAreNamed) {
@@ -195,18 +206,18 @@ TEST(OptionsError, SeasonalModelWithoutASeason) {
 }
 
 TEST(OptionsError, OptionsOfArimaWithAnotherModel) {
-  const std::pair<const char*, Arguments> options[] = {{"--constant", {"--constant"}},
-                                                       {"--no-constant", {"--no-constant"}},
-                                                       {"--method", {"--method", "ml"}},
-                                                       {"--predictor", {"--predictor", "x"}},
-                                                       {"--outlier", {"--outlier", "level@3"}}};
+  const std::pair<const char*, Arguments> options[] = {
+      {"--constant", {"--constant"}},          {"--no-constant", {"--no-constant"}},
+      {"--method", {"--method", "ml"}},        {"--predictor", {"--predictor", "x"}},
+      {"--outlier", {"--outlier", "level@3"}}, {"--detect-outliers", {"--detect-outliers"}}};
   for (const auto& [name, arguments] : options) {
     EXPECT_EQ(FitError(arguments),
-              std::string(name) + " goes with --model arima(p,d,q), not with --model 'auto'");
+              std::string(name) +
+                  " goes with --model arima(p,d,q) or auto-arima, not with --model 'auto'");
   }
 }
 TEST(OptionsError, ConstantAndNone) {
-  EXPECT_EQ(FitError({"--model", "arima(0,1,1)", "--constant", "--no-constant"}),
+  EXPECT_EQ(FitError({"--model", "auto-arima", "--constant", "--no-constant"}),
             "--constant and --no-constant exclude each other");
 }
 TEST(OptionsError, SeasonalPartOfArimaWithoutASeason) {
@@ -218,14 +229,15 @@ TEST(OptionsError, SeasonalPartOfArimaWithoutASeason) {
 
 TEST(HelpPages, FitsTheTerminalAndNamesEveryOption) {
   const std::string page = ParseCommandLine({"fit", "--help"}).page;
-  for (const char* option : {"SERIES.csv",  "--model",          "--season",
-                             "--transform", "--variable",       "--id",
-                             "--time",      "--name",           "--descriptor",
-                             "--jobs",      "--forecast",       "--plot",
-                             "--gaps",      "--first-case-day", "-o",
-                             "Exit status", "Examples",         "arima(p,d,q)(P,D,Q)",
-                             "--constant",  "--no-constant",    "--method",
-                             "--predictor", "--outlier"}) {
+  for (const char* option : {"SERIES.csv",       "--model",          "--season",
+                             "--transform",      "--variable",       "--id",
+                             "--time",           "--name",           "--descriptor",
+                             "--jobs",           "--forecast",       "--plot",
+                             "--gaps",           "--first-case-day", "-o",
+                             "Exit status",      "Examples",         "arima(p,d,q)(P,D,Q)",
+                             "auto-arima",       "--constant",       "--no-constant",
+                             "--method",         "--predictor",      "--outlier",
+                             "--detect-outliers"}) {
     EXPECT_NE(page.find(option), std::string::npos) << option;
   }
   std::size_t longest = 0;
