@@ -105,10 +105,12 @@ ArimaFault FindShortFuture(const ArimaRequest& request, const Series& series, un
     const PredictorColumn& predictor = series.predictors[i];
     const unsigned delay = request.predictors[i].delay;
     if (predictor.future.size() + delay >= horizon) continue;
+    const unsigned needed = horizon - delay;
     return {
-        "--forecast " + std::to_string(horizon) + " needs " + std::to_string(horizon - delay) +
-            " values of the predictor " + Quoted(predictor.name) + " after " +
-            series.axis->CaseText(series.axis->CaseCount() - 1) + ", where the series ends; " +
+        "--forecast " + std::to_string(horizon) + " needs " + std::to_string(needed) +
+            (needed == 1 ? " value" : " values") + " of the predictor " + Quoted(predictor.name) +
+            " after " + series.axis->CaseText(series.axis->CaseCount() - 1) +
+            ", where the series ends; " +
             (predictor.future.size() == 1 ? "there is 1"
                                           : "there are " + std::to_string(predictor.future.size())),
         predictor.places.back()};

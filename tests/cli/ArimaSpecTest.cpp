@@ -248,6 +248,11 @@ TEST(ArimaHorizon, EndsWithTheKnownValuesOfThePredictor) {
             "--forecast 3 needs 3 values of the predictor 'x' after 2000-04, where the series "
             "ends; there are 2");
 }
+TEST(ArimaHorizon, OfOnePeriodNeedsOneValue) {
+  EXPECT_EQ(FaultOf(WithPredictor("x"), SeriesOf("date,y,x\n2000-01,5,1\n2000-02,6,2\n"), 1, 1),
+            "--forecast 1 needs 1 value of the predictor 'x' after 2000-02, where the series ends; "
+            "there are 0");
+}
 TEST(ArimaHorizon, IsLongerByTheDelay) {
   const Series series = SeriesOf(kTwoAhead);
   EXPECT_EQ(KnownHorizon(SpecOf(WithPredictor("x:delay=3"), series), series), 5U);
