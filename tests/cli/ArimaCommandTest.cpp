@@ -341,12 +341,11 @@ TEST(AutoArima, GapsLeaveNoSeasons) {
   EXPECT_EQ(outcome.out.find(")("), std::string::npos) << outcome.out;
 }
 TEST(AutoArima, PredictorIsDifferencedWithTheSeriesUnlessToldOtherwise) {
-  const std::string model = "--variable drivers --model auto-arima --transform log --predictor ";
-  const char kDiff[] = "//ARIMAModel/Transformation/@seasonalDiff";
-  const char kPredictorDiff[] = "//PredictorEffect/Transformation/@seasonalDiff";
-  const auto document = DocumentOf("seatbelts", model + "law");
-  EXPECT_EQ(Attributes(document, kPredictorDiff), Attributes(document, kDiff));
-  EXPECT_EQ(Attributes(DocumentOf("seatbelts", model + "law:diff=0"), kPredictorDiff), Strings{});
+  const char kDiff[] = "//PredictorEffect/Transformation/@nonSeasonalDiff";
+  EXPECT_EQ(Attributes(DocumentOf("bjsales", "--model auto-arima --predictor lead"), kDiff),
+            Strings{"1"});
+  EXPECT_EQ(Attributes(DocumentOf("bjsales", "--model auto-arima --predictor lead:diff=0"), kDiff),
+            Strings{});
 }
 TEST(AutoArima, HopelessSeriesIsNamed) {
   const Sandbox box;
