@@ -181,8 +181,10 @@ class ArimaFitter {
     std::vector<double> observed(observed_.begin(), observed_.end());
     std::vector<double> modelled = modelled_;
     std::vector<double> errors(observed.size(), MV::gMissingValue);
+    std::size_t scored = 0;
     for (std::size_t t = 0; t < errors.size(); ++t) {
       if (replay.standardised[t] != MV::gMissingValue) {
+        ++scored;
         errors[t] = modelled[t] - replay.predictions[t] * data_.unit;
       } else {
         observed[t] = MV::gMissingValue;
@@ -191,7 +193,8 @@ class ArimaFitter {
     const FittedSeries all{.observed = observed,
                            .fitted = std::span<const double>(fit.fitted).subspan(first_),
                            .modelled = modelled,
-                           .modelled_errors = errors};
+                           .modelled_errors = errors,
+                           .spent = scored - fit.summary.residuals};
     unsigned regular = 0;
     unsigned seasonal = 0;
     spec_.GetYDiff(regular, seasonal);

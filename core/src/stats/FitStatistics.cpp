@@ -62,6 +62,7 @@ double StationaryRSquared(const FittedSeries& fit, const Differencing& differenc
   }
   double residual = 0;
   for (std::size_t t = 0; t < w.size(); ++t) {
+    if (!Seen(fit.modelled_errors[t])) w[t] = MV::gMissingValue;
     if (Seen(w[t])) residual += fit.modelled_errors[t] * fit.modelled_errors[t];
   }
   return CountSeen(w) > 1 ? ExplainedShare(residual, SumAboutMean(w)) : MV::gMissingValue;
@@ -121,7 +122,7 @@ void AddCriteria(double sse, double n, double k, EstimationInfo::Statistics& sta
 EstimationInfo::Fields FitStatistics(const FittedSeries& fit, unsigned estimated,
                                      const Differencing& differencing, unsigned ljungBoxLags) {
   EstimationInfo::Fields info;
-  const double n = CountSeen(fit.observed);
+  const double n = CountSeen(fit.observed) - static_cast<double>(fit.spent);
   const double k = estimated;
   const double sse = SumOfSquares(fit.modelled_errors);
   info.degrees_of_freedom = static_cast<std::uint64_t>(n) - estimated;

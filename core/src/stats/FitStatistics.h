@@ -16,12 +16,13 @@ struct Differencing {
 };
 
 // One fit over its span, case by case; all four lists are equally long. Missing where the series
-// is.
+// is; errors (and fitted and observed with them) also where there is no forecast to compare with.
 struct FittedSeries {
   std::span<const double> observed;         // original scale
   std::span<const double> fitted;           // one-step forecasts, original scale
   std::span<const double> modelled;         // transformed series
   std::span<const double> modelled_errors;  // transformed series minus its one-step forecasts
+  std::size_t spent = 0;  // errors that the starting values account for; no cases of their own
 };
 
 // Everything of the record but the span: degrees of freedom, error variance, statistics and
