@@ -27,6 +27,12 @@ std::vector<double> Autoregression(double phi, std::size_t count, std::uint64_t 
 
 AMModelSpec::Fields Ar1() { return {.ar = {{1}, {}}}; }
 
+AMModelSpec::Fields Ar1With(const std::vector<TSOutlierSpec>& outliers) {
+  AMModelSpec::Fields spec = Ar1();
+  spec.outliers = TSOutlierSpecList(outliers);
+  return spec;
+}
+
 ArimaFit FitOk(const std::vector<double>& series, const AMModelSpec::Fields& spec,
                ArimaMethod method = ArimaMethod::kMl,
                const std::vector<std::vector<double>>& predictors = {}) {
@@ -45,6 +51,94 @@ TEST(ArimaSeason, OfAnyLengthIsNothingToAModelWithoutSeasonalParts) {
     EXPECT_EQ(test::EstimatesOf(fit), test::EstimatesOf(plain)) << length;
     EXPECT_EQ(Forecast(fit.model, 3).value, Forecast(plain.model, 3).value) << length;
   }
+}
+
+// In an autoregression of first order a shock dies away as phi^k, whenever it came: what it does to
+// the observed cases is that of a shock in the first of them, but for its size.
+TEST(ArimaOutlierBeforeTheFit, InnovationalOneActsOnAllCasesOfTheFit) {
+  std::vector<double> series = Autoregression(0.7, 60);
+  std::fill_n(series.begin(), 12, kMissing);
+  const ArimaFit before = FitOk(series, Ar1With({{TSOutlierSpec::kInnovational, 2}}));
+  const ArimaFit first = FitOk(series, Ar1With({{TSOutlierSpec::kInnovational, 12}}));
+  EXPECT_NEAR(before.summary.log_likelihood, first.summary.log_likelihood, 1e-6);
+  const std::vector<double> a = test::EstimatesOf(before);
+  const std::vector<double> b = test::EstimatesOf(first);
+  EXPECT_NEAR(a[0], b[0], 1e-4);
+  EXPECT_NEAR(a[1] * std::pow(a[0], 10), b[1], 1e-3 * std::abs(b[1]));
+  EXPECT_NEAR(Forecast(before.model, 1).value[0], Forecast(first.model, 1).value[0], 1e-4);
+}
+
+TEST(ArimaOutlierBeforeTheFit, FadedOneIsLeftOut) {
+  std::vector<double> series = Autoregression(0.5, 300);
+  std::fill_n(series.begin(), 100, kMissing);
+  const ArimaFit without = FitOk(series, Ar1());
+  for (const auto type : {TSOutlierSpec::kInnovational, TSOutlierSpec::kTransient}) {
+    const ArimaFit fit = FitOk(series, Ar1With({{type, 2}}));
+    EXPECT_EQ(test::EstimatesOf(fit)[1], kMissing) << type;
+    EXPECT_EQ(fit.summary.estimated, 1U) << type;
+    EXPECT_EQ(fit.summary.log_likelihood, without.summary.log_likelihood) << type;
+  }
+}
+
+// Effects that agree in white noise only.
+TEST(ArimaOutliers, AdditiveAndInnovationalOneInTheSameCaseAreTwo) {
+  std::vector<double> series = Autoregression(0.7, 200, 3);
+  for (std::size_t t = 50; t < series.size(); ++t) {
+    series[t] += 10 * std::pow(0.7, static_cast<double>(t - 50));
+  }
+  series[50] += 8;
+  const TSOutlierSpec additive(TSOutlierSpec::kAdditive, 50);
+  const TSOutlierSpec innovational(TSOutlierSpec::kInnovational, 50);
+  const ArimaFit fit = FitOk(series, Ar1With({additive, innovational}));
+  const std::vector<double> estimates = test::EstimatesOf(fit);
+  const std::vector<double> errors = test::StdErrorsOf(fit);
+  EXPECT_NEAR(estimates[1], 8, 3 * errors[1]);
+  EXPECT_NEAR(estimates[2], 10, 3 * errors[2]);
+  EXPECT_LT(errors[1], 3);
+  EXPECT_LT(errors[2], 3);
+  const ArimaFit swapped = FitOk(series, Ar1With({innovational, additive}));
+  EXPECT_NEAR(swapped.summary.log_likelihood, fit.summary.log_likelihood, 1e-6);
+
+  AMModelSpec::Fields white;
+  white.outliers = TSOutlierSpecList({additive, innovational});
+  EXPECT_EQ(test::EstimatesOf(FitOk(series, white))[1], kMissing);
+}
+
+// Conditional least squares scores no case that an innovation in the first p could reach.
+TEST(ArimaOutliers, InnovationalOneInACaseConditionedUponIsLeftOut) {
+  AMModelSpec::Fields spec = {.season_length = 12, .ar = {{1, 3}, {12}}};
+  spec.outliers = TSOutlierSpecList({{TSOutlierSpec::kInnovational, 4}});
+  const ArimaFit fit = FitOk(Autoregression(0.5, 80), spec, ArimaMethod::kCls);
+  EXPECT_EQ(test::EstimatesOf(fit)[3], kMissing);
+}
+
+// Least squares on the one effect w d^k: variance times the inverse of J'J.
+TEST(ArimaOutliers, StandardErrorOfASlowDecayIsThatOfTheLeastSquares) {
+  constexpr std::size_t kStart = 100;
+  std::vector<double> series = Draws(5, 400);
+  for (std::size_t t = kStart; t < series.size(); ++t) {
+    series[t] += 20 * std::pow(0.997, static_cast<double>(t - kStart));
+  }
+  AMModelSpec::Fields spec;
+  spec.outliers = TSOutlierSpecList({{TSOutlierSpec::kTransient, kStart}});
+  const ArimaFit fit = FitOk(series, spec, ArimaMethod::kCls);
+  const double size = test::EstimatesOf(fit)[0];
+  const double decay = test::EstimatesOf(fit)[1];
+  ASSERT_GT(decay, 0.992);
+  double aa = 0;
+  double ab = 0;
+  double bb = 0;
+  for (std::size_t t = kStart; t < series.size(); ++t) {
+    const auto k = static_cast<double>(t - kStart);
+    const double a = std::pow(decay, k);
+    const double b = k > 0 ? size * k * std::pow(decay, k - 1) : 0;
+    aa += a * a;
+    ab += a * b;
+    bb += b * b;
+  }
+  const double v = fit.summary.error_variance / (aa * bb - ab * ab);
+  EXPECT_NEAR(test::StdErrorsOf(fit)[0], std::sqrt(v * bb), 1e-3 * std::sqrt(v * bb));
+  EXPECT_NEAR(test::StdErrorsOf(fit)[1], std::sqrt(v * aa), 1e-3 * std::sqrt(v * aa));
 }
 
 // The share of variance that w, the series itself here, leaves after the fit.
@@ -93,6 +187,16 @@ TEST(ArimaStatistics, MeanSquareCountsTheCasesOfTheLikelihood) {
   ASSERT_EQ(fit.summary.residuals, 73U);
   EXPECT_NEAR(fit.model.GetGOFStat("MSE"), sse / 72, 1e-9 * sse);
   EXPECT_NEAR(fit.model.GetGOFStat("NRMBIC"), std::log(sse / 72) + std::log(73) / 73, 1e-9);
+}
+
+TEST(ArimaPredictors, LineDifferencedTwiceIsNothingAlsoInDoubles) {
+  std::vector<double> line;
+  for (int t = 0; t < 80; ++t) line.push_back(0.1 * t + 3.3);
+  AMModelSpec::Fields spec = Ar1();
+  spec.predictors = {{.non_seasonal_diff = 2}};
+  const ArimaFit fit = FitOk(Autoregression(0.5, 80), spec, ArimaMethod::kMl, {line});
+  EXPECT_EQ(test::EstimatesOf(fit)[1], kMissing);
+  EXPECT_EQ(fit.summary.estimated, 1U);
 }
 
 }  // namespace

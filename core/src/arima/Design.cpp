@@ -1,5 +1,8 @@
 #include "arima/Design.h"
 
+#include <algorithm>
+#include <cmath>
+#include <limits>
 #include <utility>
 
 #include <tsfcore/MV.h>
@@ -16,6 +19,24 @@ std::vector<double> Differenced(const Polynomial& difference, const std::vector<
   for (std::size_t t = Degree(difference); t < series.size(); ++t) {
     for (std::size_t k = 0; k < difference.size(); ++k) w[t] += difference[k] * series[t - k];
   }
+  return w;
+}
+
+double LargestOf(const std::vector<double>& values) {
+  double largest = 0;
+  for (const double value : values) largest = std::max(largest, std::abs(value));
+  return largest;
+}
+
+// The same, 0 throughout where only rounding is left: of a constant, or of a line differenced
+// twice, whose values are none of the doubles.
+std::vector<double> DifferencedOrNothing(const Polynomial& difference,
+                                         const std::vector<double>& series) {
+  std::vector<double> w = Differenced(difference, series);
+  double terms = 0;
+  for (const double c : difference) terms += std::abs(c);
+  const double rounding = 2 * std::numeric_limits<double>::epsilon() * terms * LargestOf(series);
+  if (difference.size() > 1 && LargestOf(w) <= rounding) std::fill(w.begin(), w.end(), 0.0);
   return w;
 }
 
@@ -48,7 +69,7 @@ Design::Design(const AMModelSpec& spec, ArimaData data)
       first_(FirstPeriod(spec)) {
   for (unsigned i = 0; i < spec.GetXCount(); ++i) {
     differenced_predictors_.push_back(
-        tsffit::Differenced(PredictorDifference(spec, i), data_.predictors[i]));
+        DifferencedOrNothing(PredictorDifference(spec, i), data_.predictors[i]));
   }
 
   bool constant = false;
@@ -138,8 +159,9 @@ void Design::AddOutlier(unsigned j, std::span<const double> parameters, Eigen::M
   const double decay =
       outlier.GetType() == TSOutlierSpec::kTransient ? ValueOrZero(parameters[position + 1]) : 0;
   const bool innovational = outlier.GetType() == TSOutlierSpec::kInnovational;
+  const long cases = static_cast<long>(data_.series.size()) - outlier.GetStartIndex();
   const std::vector<double> psi =
-      innovational ? PsiWeights(NoiseModel(spec_, parameters), data_.series.size())
+      innovational ? PsiWeights(NoiseModel(spec_, parameters), static_cast<std::size_t>(cases))
                    : std::vector<double>();
   for (std::size_t row = 0; row < Rows(); ++row) {
     const long steps = static_cast<long>(row + first_) - outlier.GetStartIndex();

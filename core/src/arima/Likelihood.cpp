@@ -45,6 +45,40 @@ Eigen::MatrixXd DiffuseLags(const Eigen::VectorXd& lags) {
   return columns;
 }
 
+// What the filter leaves of an effect that is below this share of it is rounding.
+constexpr double kRounding = 1e-10;
+
+// Sets the first coefficient of each factor from position `at` on.
+void SetFirst(std::size_t at, const AMPowers& regular, const AMPowers& seasonal, double value,
+              std::vector<double>& parameters) {
+  if (regular.GetCount() > 0) parameters[at] = value;
+  if (seasonal.GetCount() > 0) parameters[at + regular.GetCount()] = value;
+}
+
+// Coefficients inside the region at which effects agree only when they agree everywhere. In white
+// noise, say, an innovational outlier is an additive one, in an autoregression it is not.
+std::vector<double> OrdinaryPoint(const AMModelSpec& spec) {
+  std::vector<double> parameters(spec.GetParameterCount(true), 0.0);
+  AMPowers regular;
+  AMPowers seasonal;
+  const std::size_t ar = spec.GetARStruct(regular, seasonal);
+  SetFirst(ar, regular, seasonal, 0.3, parameters);
+  const std::size_t ma = spec.GetMAStruct(regular, seasonal);
+  SetFirst(ma, regular, seasonal, -0.4, parameters);
+  for (unsigned i = 0; i < spec.GetXCount(); ++i) {
+    spec.GetXNumerator(i, regular, seasonal);
+    SetFirst(spec.GetXRegressionCoeff(i) + 1 + regular.GetCount(), {}, seasonal, 0.25, parameters);
+    const std::size_t denominator = spec.GetXDenominator(i, regular, seasonal);
+    SetFirst(denominator, regular, seasonal, 0.35, parameters);
+  }
+  const TSOutlierSpecList& outliers = spec.GetOutliers();
+  for (unsigned j = 0; j < outliers.GetOutlierSpecCount(false); ++j) {
+    if (outliers.GetOutlierSpec(j).GetType() != TSOutlierSpec::kTransient) continue;
+    parameters[spec.GetOutlierParmIndex() + outliers.ParameterVectorIndex(j, 1)] = 0.5;
+  }
+  return parameters;
+}
+
 }  // namespace
 
 // Prediction errors over the roots of their variances, the series first.
@@ -69,22 +103,24 @@ Likelihood::Likelihood(const Design& design, ArimaMethod method)
   series_ = design.IsComplete() ? design.Differenced() : design.Undifferenced();
   lags_ = design.IsComplete() ? Eigen::MatrixXd(0, 1) : DiffuseLags(design.LagsBeforeFirst());
 
-  // With no ARMA coefficients, every decay one half and no denominators.
-  std::vector<double> parameters(design.Spec().GetParameterCount(true), 0.0);
-  const TSOutlierSpecList& outliers = design.Spec().GetOutliers();
-  for (unsigned j = 0; j < outliers.GetOutlierSpecCount(false); ++j) {
-    if (outliers.GetOutlierSpec(j).GetType() != TSOutlierSpec::kTransient) continue;
-    parameters[design.Spec().GetOutlierParmIndex() + outliers.ParameterVectorIndex(j, 1)] = 0.5;
-  }
-  const Evaluation plain = At(parameters);
+  const std::vector<double> parameters = OrdinaryPoint(design.Spec());
+  const Evaluation ordinary = At(parameters);
+  const Eigen::MatrixXd effects = design.Effects(parameters);
   const auto diffuse = static_cast<std::size_t>(lags_.cols()) - 1;
-  for (std::size_t j = 0; j < plain.fit.dropped.size(); ++j) {
-    if (!plain.fit.dropped[j]) continue;
+  for (std::size_t j = 0; j < ordinary.fit.dropped.size(); ++j) {
     if (j < diffuse) {
-      identified_ = false;
-    } else {
-      dropped_[j - diffuse] = true;
+      identified_ = identified_ && !ordinary.fit.dropped[j];
+      continue;
     }
+    const auto filtered = static_cast<Eigen::Index>(j);
+    const auto effect = static_cast<Eigen::Index>(j - diffuse);
+    double size = effects.col(effect).norm();
+    // An outlier that began in missing cases before the fit may have faded away.
+    if (design.LinearPositions()[j - diffuse] >= design.Spec().GetOutlierParmIndex()) {
+      size = std::max(size, 1.0);
+    }
+    dropped_[j - diffuse] =
+        ordinary.fit.dropped[j] || ordinary.regressors.col(filtered).norm() <= kRounding * size;
   }
   if (design.EffectsAreFixed()) effects_ = KeptEffects(parameters);
 }

@@ -45,6 +45,8 @@ namespace {
 
 // Beyond this a coordinate no longer moves its partial autocorrelation, which is 1 - 4e-9 there.
 constexpr double kFarthest = 10;
+// A decay nearer to an end of its range, where its coordinate is infinite, is moved away from it.
+constexpr double kNearestDecay = 1e-9;
 // A root this near to the unit circle, or a decay to the end of its range, is on it.
 constexpr double kEdge = 1e-3;
 
@@ -154,7 +156,7 @@ Eigen::VectorXd SearchSpace::PointAt(const std::vector<double>& parameters) cons
   for (const Block& block : blocks_) {
     const std::span<const double> given = CoefficientsOf(block, parameters);
     std::vector<double> c(given.begin(), given.end());
-    if (block.kind == BlockKind::kDecay) c[0] = std::clamp(c[0], 0.01, 0.99);
+    if (block.kind == BlockKind::kDecay) c[0] = std::clamp(c[0], kNearestDecay, 1 - kNearestDecay);
     while (!Inside(block, c)) {
       for (double& value : c) value = std::isfinite(value) ? value * 0.9 : 0;
     }
