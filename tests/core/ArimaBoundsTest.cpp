@@ -199,5 +199,64 @@ TEST(ArimaPredictors, LineDifferencedTwiceIsNothingAlsoInDoubles) {
   EXPECT_EQ(fit.summary.estimated, 1U);
 }
 
+// The second predictor is the first one and a little of something else: one over that little scales
+// its coefficient and nothing more.
+TEST(ArimaPredictors, StandardErrorsHoldWhereTwoNearlyAgree) {
+  const std::vector<double> first = Draws(9, 80);
+  const std::vector<double> other = Draws(10, 80);
+  std::vector<double> series = Autoregression(0.5, 80);
+  for (std::size_t t = 0; t < series.size(); ++t) series[t] += first[t];
+  AMModelSpec::Fields spec = Ar1();
+  spec.predictors.resize(2);
+  const auto scaledError = [&](double little) {
+    std::vector<double> second = first;
+    for (std::size_t t = 0; t < second.size(); ++t) second[t] += little * other[t];
+    return little * test::StdErrorsOf(FitOk(series, spec, ArimaMethod::kMl, {first, second}))[2];
+  };
+  const double expected = scaledError(0.1);
+  for (const double little : {1e-5, 1e-7, 2e-8}) {
+    EXPECT_NEAR(scaledError(little), expected, 1e-4 * expected) << little;
+  }
+}
+
+TEST(ArimaNumbers, ValuesWhoseSquaresAreNoNumbersAreRefused) {
+  const std::vector<double> series = Autoregression(0.5, 60);
+  std::vector<double> predictor = Draws(9, 60);
+  AMModelSpec::Fields spec = Ar1();
+  spec.predictors.resize(1);
+  for (double& x : predictor) x *= 1e160;
+  const ArimaFit fit = test::FitSpec(series, spec, ArimaMethod::kMl, {predictor});
+  EXPECT_EQ(fit.status, FitStatus::kNotFinite);
+  EXPECT_EQ(fit.bad_predictor, 0);
+
+  std::vector<double> large = series;
+  for (double& y : large) y *= 1e160;
+  EXPECT_EQ(test::FitSpec(large, Ar1()).status, FitStatus::kNotFinite);
+}
+
+TEST(ArimaNumbers, LargestValuesFitAsTheirUnitsDo) {
+  const std::vector<double> series = Autoregression(0.5, 60);
+  std::vector<double> large = series;
+  for (double& y : large) y *= std::ldexp(1.0, 480);
+  const ArimaFit fit = FitOk(large, Ar1());
+  test::ExpectSound(fit);
+  EXPECT_NEAR(test::EstimatesOf(fit)[0], test::EstimatesOf(FitOk(series, Ar1()))[0], 1e-9);
+}
+
+TEST(ArimaNumbers, LogarithmsOfLargeValuesAreNotLarge) {
+  std::vector<double> series = Autoregression(0.5, 60);
+  for (double& y : series) y = 1e200 * std::exp(y);
+  AMModelSpec::Fields spec = Ar1();
+  spec.has_constant = true;
+  spec.y_transform = TSTransformation(TSTransformation::kLogarithm);
+  FitOk(series, spec);
+}
+
+TEST(ArimaNumbers, OrderOfDifferencesBeyondTheRangeOfNumbersIsNoShortSeries) {
+  AMModelSpec::Fields spec;
+  spec.non_seasonal_diff = 1200;
+  EXPECT_EQ(test::FitSpec(Autoregression(0.5, 3000), spec).status, FitStatus::kNotIdentified);
+}
+
 }  // namespace
 }  // namespace tsffit

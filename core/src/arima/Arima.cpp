@@ -91,6 +91,10 @@ class ArimaFitter {
                          "a period of the season is missing in every season");
     }
     const Evaluation white = likelihood.At(std::vector<double>(spec_.GetParameterCount(true), 0.0));
+    if (!white.usable) {
+      return RefuseArima(fit, FitStatus::kNotIdentified,
+                         "the differences leave the range of numbers: their order is too high");
+    }
     const std::size_t needed = spec_.GetParameterCount(true) + 2;
     if (white.residuals < needed) {
       const std::size_t there = CountObserved(observed_);

@@ -18,8 +18,8 @@ namespace {
 
 // Longer lags ask for matrices that no longer fit; a season of a year of days does.
 constexpr std::size_t kLongestLag = 2000;
-// Differences of larger values are no longer numbers.
-constexpr double kLargest = 1e300;
+// Squares of larger values, on the modelled scale, are no longer numbers.
+constexpr double kLargest = 1e150;
 
 bool BadOptions(ArimaFit& fit, std::string message) {
   return RefuseArima(fit, FitStatus::kBadOptions, std::move(message));
@@ -117,14 +117,14 @@ bool CheckSpec(std::span<const double> series, std::size_t predictors, const Ari
 bool CheckValue(double value, int function, ArimaFit& fit) {
   if (!std::isfinite(value))
     return RefuseArima(fit, FitStatus::kNotFinite, "a value is not finite");
-  if (std::abs(value) > kLargest) {
-    return RefuseArima(fit, FitStatus::kNotFinite, "a value is too large to calculate with");
-  }
   if (function == TSTransformation::kLogarithm && value <= 0) {
     return RefuseArima(fit, FitStatus::kNotPositive, "the logarithm needs values above 0");
   }
   if (function == TSTransformation::kSquareRoot && value < 0) {
     return RefuseArima(fit, FitStatus::kNegative, "the square root needs values of at least 0");
+  }
+  if (std::abs(Transformed(function, value)) > kLargest) {
+    return RefuseArima(fit, FitStatus::kNotFinite, "a value is too large to calculate with");
   }
   return true;
 }

@@ -1,6 +1,6 @@
 #include "arima/LeastSquares.h"
 
-#include <Eigen/Cholesky>
+#include <Eigen/QR>
 #include <cmath>
 
 namespace tsffit {
@@ -54,23 +54,22 @@ LeastSquaresFit SolveLeastSquares(const Eigen::VectorXd& y, const Eigen::MatrixX
 }
 
 Eigen::MatrixXd InverseGram(const Eigen::MatrixXd& x, const std::vector<bool>& dropped) {
-  Eigen::MatrixXd gram = x.transpose() * x;
-  for (Eigen::Index j = 0; j < gram.cols(); ++j) {
-    if (!dropped[static_cast<std::size_t>(j)]) continue;
-    gram.row(j).setZero();
-    gram.col(j).setZero();
-    gram(j, j) = 1;
+  std::vector<Eigen::Index> kept;
+  for (Eigen::Index j = 0; j < x.cols(); ++j) {
+    if (!dropped[static_cast<std::size_t>(j)]) kept.push_back(j);
   }
-  const Eigen::VectorXd scale = gram.diagonal().cwiseSqrt().cwiseInverse();
-  Eigen::MatrixXd inverse = (scale.asDiagonal() * gram * scale.asDiagonal())
-                                .ldlt()
-                                .solve(Eigen::MatrixXd::Identity(gram.rows(), gram.cols()));
-  inverse = scale.asDiagonal() * inverse * scale.asDiagonal();
-  for (Eigen::Index j = 0; j < gram.cols(); ++j) {
-    if (!dropped[static_cast<std::size_t>(j)]) continue;
-    inverse.row(j).setZero();
-    inverse.col(j).setZero();
-  }
+  Eigen::MatrixXd inverse = Eigen::MatrixXd::Zero(x.cols(), x.cols());
+  if (kept.empty()) return inverse;
+
+  // By X = Q R, for X'X itself squares the condition of X.
+  const Eigen::MatrixXd columns = x(Eigen::all, kept);
+  const Eigen::VectorXd scale = columns.colwise().norm().cwiseInverse();
+  const Eigen::HouseholderQR<Eigen::MatrixXd> factors(columns * scale.asDiagonal());
+  const auto count = static_cast<Eigen::Index>(kept.size());
+  const Eigen::MatrixXd root =
+      scale.asDiagonal() * factors.matrixQR().topRows(count).triangularView<Eigen::Upper>().solve(
+                               Eigen::MatrixXd::Identity(count, count));
+  inverse(kept, kept) = root * root.transpose();
   return inverse;
 }
 
