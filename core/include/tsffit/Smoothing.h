@@ -57,7 +57,8 @@ namespace tsffit {
 enum class FitStatus {
   kOk,
   kBadOptions,     // no such kind or transformation, or a season length below 2 for a seasonal kind
-  kNotFinite,      // an infinite value, a NaN, or a value beyond 1e300
+  kNotFinite,      // an infinite value, a NaN, or a value beyond 1e300; in ARIMA fits beyond 1e150
+                   // once transformed, squares of which are no numbers
   kTooShort,       // fewer observed cases than the model needs: 2 m + 2 for a season of m periods,
                    // else 4 with a trend and 3 without; or a period of the season that is missing
                    // in every season
