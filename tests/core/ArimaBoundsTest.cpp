@@ -53,6 +53,20 @@ TEST(ArimaSeason, OfAnyLengthIsNothingToAModelWithoutSeasonalParts) {
   }
 }
 
+TEST(ArimaModelWithoutCoefficients, FitsByEveryMethod) {
+  AMModelSpec::Fields walk;
+  walk.non_seasonal_diff = 1;
+  const std::vector<double> series = test::Summed(Draws(2, 40));
+  double squares = 0;
+  for (std::size_t t = 1; t < 40; ++t) squares += std::pow(series[t] - series[t - 1], 2);
+  for (const auto method : {ArimaMethod::kMl, ArimaMethod::kMlTheta, ArimaMethod::kCls}) {
+    const ArimaFit fit = FitOk(series, walk, method);
+    EXPECT_NEAR(fit.summary.error_variance, squares / 39, 1e-9 * squares);
+    EXPECT_TRUE(test::StdErrorsOf(fit).empty());
+    EXPECT_NEAR(Forecast(fit.model, 2).value[1], series.back(), 1e-9);
+  }
+}
+
 // In an autoregression of first order a shock dies away as phi^k, whenever it came: what it does to
 // the observed cases is that of a shock in the first of them, but for its size.
 TEST(ArimaOutlierBeforeTheFit, InnovationalOneActsOnAllCasesOfTheFit) {

@@ -177,6 +177,7 @@ std::optional<Variances> FromJacobian(const Likelihood& likelihood, const Surrou
                                       const Evaluation& solution, unsigned estimated) {
   const Eigen::Index count = around.Count();
   const Eigen::Index linear = solution.regressors.cols();
+  if (count + linear == 0) return std::nullopt;
   Eigen::MatrixXd jacobian(solution.regressors.rows(), count + linear);
   jacobian.rightCols(linear) = solution.regressors;
   jacobian.leftCols(count) =
