@@ -239,6 +239,14 @@ TEST_F(HandMade, MoreIterationsThanPeriodsThereAreGiveNone) {
   ExpectNone(Theta({{-0.5}}, {1}, kMost - 1));
 }
 
+TEST_F(HandMade, FuturePredictorsMayStandInBraces) {
+  spec_.has_constant = true;  // every estimate is 0.5
+  EXPECT_EQ(Forecast(Cls(), 2, {}).value, (Numbers{0.5, 0.5}));
+  spec_.predictors.resize(1);
+  common_.x_history.resize(1);
+  EXPECT_EQ(Forecast(Cls(), 2, {{1, 3}}).value, (Numbers{1, 2}));
+}
+
 // The normal quantile of 1 - 2^-54 is 8.2924, the standard error 2.
 TEST_F(HandMade, LimitsHoldUpToTheLastConfidenceBelowOne) {
   const Forecasts forecasts = Forecast(Cls(), 1, std::nextafter(1.0, 0.0));
