@@ -40,12 +40,15 @@ std::vector<double> DifferencedOrNothing(const Polynomial& difference,
   return w;
 }
 
-// numerator / denominator of a series that had the value `before` for ever; returns the filter's
-// value then as well.
-std::pair<std::vector<double>, double> SteadyFilter(const Polynomial& numerator,
-                                                    const Polynomial& denominator,
-                                                    const std::vector<double>& series,
-                                                    double before) {
+// What a filter makes of a series, and its value in the steady state before the series.
+struct Response {
+  std::vector<double> values;
+  double before = 0;
+};
+
+// numerator / denominator of a series that had the value `before` for ever.
+Response SteadyFilter(const Polynomial& numerator, const Polynomial& denominator,
+                      const std::vector<double>& series, double before) {
   const double steady = before == 0 ? 0 : before * SumOf(numerator) / SumOf(denominator);
   std::vector<double> moved(series.size());
   for (std::size_t t = 0; t < series.size(); ++t) {
@@ -57,7 +60,7 @@ std::pair<std::vector<double>, double> SteadyFilter(const Polynomial& numerator,
     }
   }
   for (double& value : moved) value += steady;
-  return {std::move(moved), steady};
+  return {.values = std::move(moved), .before = steady};
 }
 
 }  // namespace
@@ -131,13 +134,13 @@ void Design::AddPredictor(unsigned i, std::span<const double> parameters, Eigen:
   const TransferFunction transfer = TransferFunctionOf(spec_, i, parameters);
   const std::vector<double>& x = differenced_predictors_[i];
   const bool isDifferenced = Degree(PredictorDifference(spec_, i)) > 0;
-  const auto [response, before] = SteadyFilter(transfer.seasonal_numerator, transfer.denominator, x,
-                                               isDifferenced ? 0 : x.front());
+  const Response response = SteadyFilter(transfer.seasonal_numerator, transfer.denominator, x,
+                                         isDifferenced ? 0 : x.front());
   const auto add = [&](double sign, std::size_t lag) {
     for (std::size_t row = 0; row < Rows(); ++row) {
       const std::size_t t = row + first_;
       effects(static_cast<Eigen::Index>(row), column) =
-          sign * (t < lag ? before : response[t - lag]);
+          sign * (t < lag ? response.before : response.values[t - lag]);
     }
     ++column;
   };
