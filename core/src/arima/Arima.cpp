@@ -121,7 +121,7 @@ class ArimaFitter {
     for (const double value : best.parameters) estimated += value == MV::gMissingValue ? 0 : 1;
 
     const double unit = data_.unit;
-    const double n = static_cast<double>(best.residuals);
+    const auto n = static_cast<double>(best.residuals);
     fit.summary = {.log_likelihood = best.LogLikelihood() - n * std::log(unit),
                    .sse = FiniteOrMissing(best.fit.sse * unit * unit),
                    .error_variance = FiniteOrMissing(best.fit.sse / (n - estimated) * unit * unit),

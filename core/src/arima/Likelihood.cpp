@@ -94,7 +94,7 @@ double Evaluation::Criterion() const {
 }
 
 double Evaluation::LogLikelihood() const {
-  const double n = static_cast<double>(residuals);
+  const auto n = static_cast<double>(residuals);
   return -Criterion() - 0.5 * n * (std::log(2 * std::numbers::pi / n) + 1);
 }
 

@@ -144,7 +144,7 @@ const std::vector<double>& ThetaRecursion::NextRow() {
   rows_.push_back(std::move(row));
   nus_.push_back(nu);
   ++count_;
-  const std::size_t needed = std::max<std::size_t>({m_, q_, 1});
+  const auto needed = std::max<std::size_t>({m_, q_, 1});
   while (rows_.size() > needed) {
     rows_.pop_front();
     nus_.pop_front();

@@ -29,13 +29,15 @@ constexpr double kStep = 1e-3;
 // with something to spare; 0 when there is none.
 double StepWithin(const Block& block, std::vector<double> parameters, std::size_t position) {
   const double value = parameters[position];
-  for (double step = 1e-3 * std::max(std::abs(value), 0.1); step > 1e-8; step /= 2) {
+  double step = 1e-3 * std::max(std::abs(value), 0.1);
+  while (step > 1e-8) {
     bool inside = true;
     for (const double side : {-2.0, 2.0}) {
       parameters[position] = value + side * step;
       inside = inside && IsInside(block, parameters);
     }
     if (inside) return step;
+    step /= 2;
   }
   return 0;
 }
