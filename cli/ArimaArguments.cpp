@@ -34,8 +34,8 @@ void AddArimaOptions(CLI::App& app, ArimaArguments& raw) {
       "periods before it takes effect; num=N, den=N, orders of the numerator beside its zero lag "
       "and of the denominator of its transfer function; diff=N, differences; snum=N, sden=N, "
       "sdiff=N, the same in seasons; transform=log or sqrt. Predictors are not differenced with "
-      "the series: each has its own diff (auto-arima does as with the series unless a diff or "
-      "sdiff is given). A predictor has no missing values up to the last value "
+      "the series: each has its own diff (auto-arima differences them all with it unless a diff "
+      "or sdiff is given for one). A predictor has no missing values up to the last value "
       "of the series; rows behind that, in which the series is missing, tell its future, and "
       "forecasts reach as far as it is known (and the delay further)")
       ->expected(1)

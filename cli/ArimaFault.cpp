@@ -11,8 +11,6 @@
 namespace tsx::cli {
 namespace {
 
-bool HasGaps(const Series& series) { return series.cases.size() < series.axis->CaseCount(); }
-
 ArimaFault FindSeasonFault(const ArimaRequest& request, const Series& series,
                            unsigned seasonLength) {
   const std::string part = SeasonalPart(request);

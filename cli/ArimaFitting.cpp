@@ -56,8 +56,7 @@ ArimaOutcome FitArimaSeries(const ArimaRequest& request, const Series& series,
   const AMModelSpec::Fields spec = MakeArimaSpec(request, series, seasonLength, functionType);
   if (!request.automatic) return FitGivenOrders(request, series, spec);
   // Cases left out as gaps would shift the seasons.
-  const bool hasGaps = series.cases.size() < series.axis->CaseCount();
-  return SearchForOrders(request, series, hasGaps ? 1 : seasonLength, spec);
+  return SearchForOrders(request, series, HasGaps(series) ? 1 : seasonLength, spec);
 }
 
 const ARMAForecastState& ArimaStateOf(const TSFModel& model) {

@@ -6,6 +6,7 @@
 
 #include "cli/Errors.h"
 #include "cli/Text.h"
+#include "cli/TransformName.h"
 
 namespace tsx::cli {
 namespace {
@@ -97,35 +98,31 @@ void ReadParenthesis(OptionReader& in, Lags& ar, unsigned& diff, Lags& ma) {
   in.Expect(')');
 }
 
-struct NamedCode {
+struct OutlierName {
   const char* name;
-  int code;
+  int type;
 };
 
-constexpr NamedCode kFunctions[] = {{"none", TSTransformation::kNone},
-                                    {"log", TSTransformation::kLogarithm},
-                                    {"sqrt", TSTransformation::kSquareRoot}};
+constexpr OutlierName kOutlierNames[] = {{"additive", TSOutlierSpec::kAdditive},
+                                         {"level", TSOutlierSpec::kLevel},
+                                         {"transient", TSOutlierSpec::kTransient},
+                                         {"seasonal-additive", TSOutlierSpec::kSeasonalAdditive},
+                                         {"trend", TSOutlierSpec::kTrend},
+                                         {"innovational", TSOutlierSpec::kInnovational}};
 
-constexpr NamedCode kOutlierTypes[] = {{"additive", TSOutlierSpec::kAdditive},
-                                       {"level", TSOutlierSpec::kLevel},
-                                       {"transient", TSOutlierSpec::kTransient},
-                                       {"seasonal-additive", TSOutlierSpec::kSeasonalAdditive},
-                                       {"trend", TSOutlierSpec::kTrend},
-                                       {"innovational", TSOutlierSpec::kInnovational}};
-
-template <std::size_t N>
-std::string Names(const NamedCode (&table)[N]) {
-  std::vector<std::string> names;
-  for (const NamedCode& row : table) names.emplace_back(row.name);
-  return Joined(names, ", ");
+int OutlierTypeOf(std::string_view name, const OptionReader& in) {
+  std::vector<std::string> known;
+  for (const OutlierName& row : kOutlierNames) {
+    if (name == row.name) return row.type;
+    known.emplace_back(row.name);
+  }
+  in.Fail(Quoted(name) + " is none of " + Joined(known, ", "));
 }
 
-template <std::size_t N>
-int CodeOf(const NamedCode (&table)[N], std::string_view name, const OptionReader& in) {
-  for (const NamedCode& row : table) {
-    if (name == row.name) return row.code;
-  }
-  in.Fail(Quoted(name) + " is none of " + Names(table));
+int FunctionTypeOf(std::string_view name, const OptionReader& in) {
+  const std::optional<int> function = TransformByName(name);
+  if (!function) in.Fail(Quoted(name) + " is none of " + kTransformNames);
+  return *function;
 }
 
 // What a predictor's keys set: one of the members that is not null.
@@ -170,7 +167,7 @@ void ReadPredictorKey(OptionReader& in, PredictorRequest& predictor,
   } else if (key.factor != nullptr) {
     predictor.*key.factor.*key.lags = in.OrderOrLags();
   } else {
-    predictor.function_type = CodeOf(kFunctions, in.Word(), in);
+    predictor.function_type = FunctionTypeOf(in.Word(), in);
   }
 }
 
@@ -220,7 +217,7 @@ OutlierRequest ParseOutlier(std::string_view text) {
   const ParsedTime time = ParseTime(timeText);
   OutlierRequest outlier;
   outlier.text = text;
-  outlier.type = CodeOf(kOutlierTypes, Trimmed(text.substr(0, at)), in);
+  outlier.type = OutlierTypeOf(Trimmed(text.substr(0, at)), in);
   if (!time.impossible.empty()) in.Fail(time.impossible);
   if (!time.value) in.Fail(Quoted(timeText) + " is not a time");
   outlier.time = *time.value;
@@ -235,8 +232,8 @@ tsffit::ArimaMethod ParseArimaMethod(const std::string& text) {
 }
 
 std::string OutlierTypeName(int type) {
-  for (const NamedCode& row : kOutlierTypes) {
-    if (row.code == type) return row.name;
+  for (const OutlierName& row : kOutlierNames) {
+    if (row.type == type) return row.name;
   }
   return "";
 }

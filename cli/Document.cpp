@@ -15,7 +15,7 @@ int AddCalendar(TSXMLTree& tree, const Series& series, const DocumentOptions& op
   const DateAxis& axis = *series.axis;
   DateSpecOptions how;
   how.season_length = options.season_length;
-  how.skipped_as_gaps = series.cases.size() < axis.CaseCount();
+  how.skipped_as_gaps = HasGaps(series);
   how.first_case_day = options.first_case_day;
   return tree.AddDateSpec(MakeDateSpec(axis, how), axis.name + " from " + axis.CaseText(0));
 }

@@ -116,8 +116,6 @@ void TryArima(const ModelRequest& request, FittedSeries& fitted) {
   fitted.candidates.push_back(candidate);
 }
 
-bool HasGaps(const Series& series) { return series.cases.size() < series.axis->CaseCount(); }
-
 // Why the kind cannot go with the series, whatever its values; empty when it can.
 std::string Misfit(const KindInfo& kind, const FittedSeries& fitted) {
   if (!kind.seasonal) return "";

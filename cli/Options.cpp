@@ -14,6 +14,7 @@
 #include "cli/HelpPages.h"
 #include "cli/PmmlCheck.h"
 #include "cli/Text.h"
+#include "cli/TransformName.h"
 
 namespace tsx::cli {
 namespace {
@@ -148,11 +149,11 @@ ModelRequest CheckedModel(const RawOptions& raw) {
   if (!raw.season.empty()) {
     model.season_length = ParseCount("--season", raw.season, kLongestSeason);
   }
-  if (raw.transform == "log") model.function_type = TSTransformation::kLogarithm;
-  if (raw.transform == "sqrt") model.function_type = TSTransformation::kSquareRoot;
-  if (model.function_type == TSTransformation::kNone && raw.transform != "none") {
-    throw UsageError("--transform: " + Quoted(raw.transform) + " is none of none, log, sqrt");
+  const std::optional<int> function = TransformByName(raw.transform);
+  if (!function) {
+    throw UsageError("--transform: " + Quoted(raw.transform) + " is none of " + kTransformNames);
   }
+  model.function_type = *function;
   return model;
 }
 

@@ -148,6 +148,8 @@ void AddPredictors(Series& series, const CsvTable& table, const ColumnRoles& rol
 
 }  // namespace
 
+bool HasGaps(const Series& series) { return series.cases.size() < series.axis->CaseCount(); }
+
 std::vector<Series> ReadSeries(const CsvTable& table, const SeriesOptions& options) {
   const ColumnRoles roles = ChooseColumns(table, options.columns);
   const TimeColumn times = roles.time ? ReadTimes(table, *roles.time) : TimeColumn{};

@@ -31,6 +31,9 @@ struct Series {
   std::vector<PredictorColumn> predictors;
 };
 
+// Whether cases of the axis were left out of the series rather than given missing values.
+bool HasGaps(const Series& series);
+
 struct SeriesOptions {
   ColumnRequest columns;
   std::string name;  // of the models; the file's name without folder and ending if empty

@@ -12,8 +12,8 @@ namespace tsx {
 
 // Encodes the specification of an ARIMA model and its estimates, without state and estimation
 // record (ArimaState.h has the whole model). Null when `refs` has not one predictor ID for every
-// predictor. Estimates or standard errors that do not reach as far as the specification says are
-// left out where they are too few; the coefficient's place is written all the same.
+// predictor. Where `values` or `stdErrors` are too short for a group of coefficients, none of
+// them is told; their places are written all the same.
 ElementPtr MakeArimaModel(const AMModelSpec& spec, const TSXDictionaryRefs& refs,
                           const std::valarray<double>& values,
                           const std::valarray<double>& stdErrors);

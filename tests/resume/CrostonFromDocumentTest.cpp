@@ -11,18 +11,9 @@
 #include <tsffit/tsffit.h>
 #include <tsxport/TSXMLTree.h>
 
-#include "support/Golden.h"
+#include "core/TestSeries.h"
 
 namespace {
-
-std::vector<double> Series(const std::string& file) {
-  std::istringstream in(test::ReadTestFile("data/" + file));
-  std::vector<double> values;
-  std::string line;
-  std::getline(in, line);
-  while (std::getline(in, line)) values.push_back(std::stod(line.substr(line.find(',') + 1)));
-  return values;
-}
 
 // The model as a reader of documents goes on with it.
 class ReadModel {
@@ -89,7 +80,7 @@ class ResumeCroston : public testing::TestWithParam<int> {
 
 TEST_P(ResumeCroston, GivesTheForecastsOfTheCore) {
   for (const char* file : {"intermittent_a.csv", "intermittent_b.csv"}) {
-    const auto fit = tsffit::FitCroston(Series(file), Options());
+    const auto fit = tsffit::FitCroston(test::DataColumn(file), Options());
     ASSERT_EQ(fit.status, tsffit::FitStatus::kOk) << fit.message;
     const ReadModel read(fit.model);
     const double rate = tsffit::Forecast(fit.model, 1).value.at(0);
@@ -102,7 +93,7 @@ TEST_P(ResumeCroston, GivesTheForecastsOfTheCore) {
 
 TEST_P(ResumeCroston, TakesInWhatComesNextAsTheCoreDoes) {
   for (const char* file : {"intermittent_a.csv", "intermittent_b.csv"}) {
-    const std::vector<double> series = Series(file);
+    const std::vector<double> series = test::DataColumn(file);
     const std::size_t known = series.size() / 2;
     const auto half = tsffit::FitCroston(std::span(series).first(known), Options());
     ASSERT_EQ(half.status, tsffit::FitStatus::kOk) << half.message;

@@ -1,31 +1,17 @@
 #include "ReadArima.h"
 
-#include <charconv>
 #include <pugixml.hpp>
 #include <stdexcept>
+
+#include "NumberList.h"
 
 namespace test {
 
 namespace {
 
-List Numbers(const pugi::xml_node& element) {
-  const std::string text = element.text().get();
-  List numbers;
-  const char* at = text.data();
-  const char* const end = at + text.size();
-  while (at != end) {
-    double value = 0;
-    const auto [next, error] = std::from_chars(at, end, value);
-    if (error != std::errc()) throw std::runtime_error("not a number list: " + text);
-    numbers.push_back(value);
-    at = next == end ? next : next + 1;
-  }
-  return numbers;
-}
-
 // A coefficient without an estimate counts as 0.
 double Estimate(const pugi::xml_node& parameter) {
-  const List numbers = Numbers(parameter);
+  const List numbers = NumbersIn(parameter);
   return numbers.empty() ? 0 : numbers.front();
 }
 
@@ -63,8 +49,8 @@ ReadPredictor Predictor(const pugi::xml_node& effect, const pugi::xml_node& stat
   return {.transformation = Transformation(effect.child("Transformation"), season),
           .numerator = Factors(zeroLag, numerator),
           .denominator = Factors(1, effect.child("Denominator")),
-          .values = Numbers(state.child("FinalPredictor")),
-          .outputs = Numbers(state.child("FinalTransferFunc"))};
+          .values = NumbersIn(state.child("FinalPredictor")),
+          .outputs = NumbersIn(state.child("FinalTransferFunc"))};
 }
 
 std::vector<ReadPredictor> Predictors(const pugi::xml_node& model, const pugi::xml_node& state,
@@ -96,18 +82,18 @@ pugi::xml_node StateElement(const pugi::xml_node& model) {
 ReadState State(const pugi::xml_node& element) {
   ReadState state;
   state.element = element.name();
-  state.z = Numbers(element.child("ZState").child("FinalZ"));
-  state.predicted_z = Numbers(element.child("ZState").child("FinalPredictedZ"));
-  state.noise = Numbers(element.child("NoiseState").child("FinalNoise"));
-  state.predicted_noise = Numbers(element.child("NoiseState").child("FinalPredictedNoise"));
+  state.z = NumbersIn(element.child("ZState").child("FinalZ"));
+  state.predicted_z = NumbersIn(element.child("ZState").child("FinalPredictedZ"));
+  state.noise = NumbersIn(element.child("NoiseState").child("FinalNoise"));
+  state.predicted_noise = NumbersIn(element.child("NoiseState").child("FinalPredictedNoise"));
   const pugi::xml_node recursion = element.child("ThetaRecursionState");
   state.iterations = recursion.attribute("finalIterationNumber").as_uint();
   for (const pugi::xml_node row : recursion.child("FinalThetas").children("ThetaVec")) {
-    state.thetas.push_back(Numbers(row));
+    state.thetas.push_back(NumbersIn(row));
   }
-  state.nu = Numbers(recursion.child("FinalNu"));
-  state.vector = Numbers(element.child("KalmanState").child("FinalStateVector"));
-  state.omega = Numbers(element.child("KalmanState").child("FinalOmega"));
+  state.nu = NumbersIn(recursion.child("FinalNu"));
+  state.vector = NumbersIn(element.child("KalmanState").child("FinalStateVector"));
+  state.omega = NumbersIn(element.child("KalmanState").child("FinalOmega"));
   return state;
 }
 
@@ -132,7 +118,7 @@ ReadArima ReadDocument(const std::string& text) {
   }
   read.state = State(state);
   read.error_variance =
-      Numbers(info.find_child_by_attribute("Statistic", "type", "errVariance")).at(0);
+      NumbersIn(info.find_child_by_attribute("Statistic", "type", "errVariance")).at(0);
   read.first_period = info.attribute("periodStartIndex").as_uint();
   read.length = info.attribute("periodLength").as_int();
   return read;

@@ -1,7 +1,6 @@
 // What is in a document is enough to forecast from: the numbers are taken out of the text by an
 // independent XML parser and the formulas of docs/documents.md, and nothing else, go on from them.
 
-#include <charconv>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <pugixml.hpp>
@@ -12,33 +11,10 @@
 #include <tsffit/tsffit.h>
 #include <tsxport/TSXMLTree.h>
 
-#include "support/Golden.h"
+#include "NumberList.h"
+#include "core/TestSeries.h"
 
 namespace {
-
-std::vector<double> Numbers(const std::string& text) {
-  std::vector<double> numbers;
-  const char* at = text.data();
-  const char* const end = at + text.size();
-  while (at != end) {
-    double value = 0;
-    const auto [next, error] = std::from_chars(at, end, value);
-    if (error != std::errc()) throw std::runtime_error("not a number list: " + text);
-    numbers.push_back(value);
-    at = next == end ? next : next + 1;
-  }
-  return numbers;
-}
-
-// The values of a series of tests/data, one column.
-std::vector<double> Series(const std::string& file) {
-  std::istringstream in(test::ReadTestFile("data/" + file));
-  std::vector<double> values;
-  std::string line;
-  std::getline(in, line);
-  while (std::getline(in, line)) values.push_back(std::stod(line.substr(line.find(',') + 1)));
-  return values;
-}
 
 // One smoothing model as a reader of documents sees it.
 class ReadModel {
@@ -74,13 +50,13 @@ class ReadModel {
   double First(const char* name) const {
     const pugi::xml_node node = kind_.child(name);
     const pugi::xml_node parameter = node.child("EstimatedParameter");
-    const std::string text = (parameter ? parameter : node).text().get();
-    return text.empty() ? 0 : Numbers(text).at(0);
+    const std::vector<double> numbers = test::NumbersIn(parameter ? parameter : node);
+    return numbers.empty() ? 0 : numbers[0];
   }
 
   double Season(unsigned h) const {
     const pugi::xml_node node = kind_.child("StateSeason");
-    const std::vector<double> season = Numbers(node.text().get());
+    const std::vector<double> season = test::NumbersIn(node);
     return season.at((node.attribute("phase").as_uint() + h - 1) % season.size());
   }
 
@@ -117,7 +93,7 @@ TEST_P(ResumeFromDocument, GivesTheForecastsOfTheCore) {
        {std::pair("airpassengers.csv", 12U), std::pair("ukgas.csv", 4U)}) {
     // Dropping the first cases puts the end of the series at another phase.
     for (const std::size_t dropped : {0U, 1U, 5U}) {
-      std::vector<double> series = Series(file);
+      std::vector<double> series = test::DataColumn(file);
       series.erase(series.begin(), series.begin() + static_cast<std::ptrdiff_t>(dropped));
       tsffit::SmoothingOptions options;
       options.kind = GetParam().kind;
