@@ -41,13 +41,14 @@ __extension__ using WideNumber = __int128;
 // and `digits` is not empty; `increment` is at least 1 and divides the last radix.
 constexpr StepCount StepsFromDigits(std::span<const Digit> digits, std::int64_t increment) {
   using Limits = std::numeric_limits<std::int64_t>;
-  // From here on no later digit and no increment brings a number back into range, while one more
-  // digit still fits: 2^80 * 2^32 + 2^32 < 2^127.
-  constexpr WideNumber kFar = WideNumber{1} << 80;
+  // From here on no later digits, of 2^32 at the most, and no increment below 2^32 bring a number
+  // back into range: 2^95 - 2^36 > (2^63 + 1) * (2^32 - 1). One more digit still fits before that:
+  // (2^95 - 1) * (2^32 - 1) + 2^32 < 2^127.
+  constexpr WideNumber kFar = WideNumber{1} << 95;
   WideNumber number = digits.front().value;
   for (std::size_t i = 1; i < digits.size(); ++i) {
     number = number * digits[i].radix + digits[i].value;
-    if (number > kFar || number < -kFar) return BeyondRange(number < 0);
+    if (number >= kFar || number <= -kFar) return BeyondRange(number < 0);
   }
   number /= increment;
   if (number > Limits::max() || number < Limits::min()) return BeyondRange(number < 0);

@@ -221,4 +221,13 @@ TEST(Laws, HoldAtTheEndsOfLong) {
   }
 }
 
+TEST(Laws, HoldWhereOnlyTheIncrementKeepsOffsetsInLong) {
+  constexpr long kMost = std::numeric_limits<long>::max();
+  TSXDateSpec spec = InSteps(Make(Week, {{Day, 4294967295U}, {Hour, 4294967295U}}), 4294967295U);
+  test::StartAt(spec, {1, 4, 0});
+  for (const long offset : {-1L, 0L, 1L, kMost - 4, kMost - 1, kMost}) {
+    EXPECT_STREQ(test::BrokenLaw(spec, offset), nullptr) << offset;
+  }
+}
+
 }  // namespace

@@ -167,6 +167,16 @@ TEST(StepsFromDigits, IsExactWhenOnlyTheIncrementBringsItIntoRange) {
   static_assert(tsx::StepsFromDigits(kDigits, 44).exact);
 }
 
+// The same ends of the range as below, counted in the 4294967295 units of one step.
+TEST(StepsFromDigits, ReachesBothEndsInTheGreatestIncrement) {
+  constexpr tsx::Digit kUp[] = {{2147483648, 0}, {2147483647, 4294967295}, {0, 4294967295}};
+  constexpr tsx::Digit kDown[] = {{-2147483648, 0}, {-2147483648, 4294967295}, {0, 4294967295}};
+  static_assert(tsx::StepsFromDigits(kUp, 4294967295).count == kMost);
+  static_assert(tsx::StepsFromDigits(kUp, 4294967295).exact);
+  static_assert(tsx::StepsFromDigits(kDown, 4294967295).count == kLeast);
+  static_assert(tsx::StepsFromDigits(kDown, 4294967295).exact);
+}
+
 TEST(StepsFromDigits, ReachesBothEndsExactly) {
   // 2^63 = 2147483648 * 4294967295 + 2147483648.
   constexpr tsx::Digit kMostDigits[] = {{2147483648, 0}, {2147483647, 4294967295}};
