@@ -112,9 +112,12 @@ SafeFile::~SafeFile() {
 
 void SafeFile::WriteTemporary(std::string_view bytes) {
   int number = -1;
-  std::string name = MakeTemporary(target_, number);
+  {
+    const SignalsHeld held;  // a file that is there is marked
+    temporary_ = MakeTemporary(target_, number);
+    if (number >= 0) removal_.emplace(temporary_.c_str());
+  }
   Descriptor file(path_, number);
-  temporary_ = std::move(name);
   try {
     if (const auto status = StatusOf(target_)) file.SetMode(status->st_mode & 07777U);
     file.Write(bytes);
@@ -134,6 +137,7 @@ void SafeFile::Commit() {
     return;
   }
   if (std::rename(temporary_.c_str(), target_.c_str()) != 0) Fail(path_, errno);
+  removal_.reset();
   temporary_.clear();
 }
 

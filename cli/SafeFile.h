@@ -1,8 +1,11 @@
 #ifndef TSXPORT_CLI_SAFEFILE_H_
 #define TSXPORT_CLI_SAFEFILE_H_
 
+#include <optional>
 #include <string>
 #include <string_view>
+
+#include "cli/Signals.h"
 
 namespace tsx::cli {
 
@@ -14,8 +17,9 @@ std::string TargetOf(const std::string& path);
 //
 // The bytes go to a temporary file in the same folder; Commit() puts it in the place of the target
 // in one step. Until then, and when anything fails, an existing target is untouched, and the
-// temporary file goes with this object. A link is followed; an existing file keeps its mode. What
-// is no regular file (a device, a pipe) is written directly, by Commit().
+// temporary file goes with this object, or when a signal ends the command. A link is followed; an
+// existing file keeps its mode. What is no regular file (a device, a pipe) is written directly, by
+// Commit().
 //
 // Every failure is an OutputError that names the path and the cause.
 class SafeFile {
@@ -30,10 +34,11 @@ class SafeFile {
  private:
   void WriteTemporary(std::string_view bytes);
 
-  std::string path_;       // as given, for messages
-  std::string target_;     // with links resolved
-  std::string temporary_;  // empty: nothing to remove
-  std::string direct_;     // bytes for a target that is no regular file
+  std::string path_;                        // as given, for messages
+  std::string target_;                      // with links resolved
+  std::string temporary_;                   // empty: nothing to remove
+  std::optional<RemovedOnSignal> removal_;  // of the temporary file
+  std::string direct_;                      // bytes for a target that is no regular file
   bool is_direct_ = false;
 };
 

@@ -4,8 +4,10 @@
 #include <vector>
 
 #include "cli/Command.h"
+#include "cli/Signals.h"
 
 int main(int argc, char** argv) {
+  tsx::cli::HandleSignals();
   std::ios::sync_with_stdio(false);
   const std::vector<std::string> arguments(argv + 1, argv + argc);
   return tsx::cli::RunCommand(arguments, {std::cout, std::cerr, isatty(STDERR_FILENO) == 1});

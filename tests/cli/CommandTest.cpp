@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <csignal>
 #include <gtest/gtest.h>
 #include <pugixml.hpp>
 #include <sstream>
@@ -617,6 +618,31 @@ TEST(Outputs, NothingIsHalfWrittenWhenOneOfTwoFails) {
   const Outcome outcome = box.Run("fit sales.csv -o m.xml --plot none/p.svg");
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.err, "tsxport: none/p.svg: cannot be written: No such file or directory\n");
+  EXPECT_EQ(box.Content("m.xml"), "old");
+  EXPECT_EQ(box.Files(), (Strings{"m.xml", "sales.csv"}));
+}
+
+// Nobody reads the pipe, so the command waits there with the drawing beside its place.
+TEST(Outputs, NothingIsHalfWrittenWhenASignalEndsTheCommand) {
+  const Sandbox box;
+  box.Put("sales.csv", MonthlyTable(20));
+  box.Put("p.svg", "old");
+  const std::string temporary = "ls -A | grep -q '^[.]tsxport[.].*[.]tmp$'";
+  const Outcome outcome =
+      box.Run("fit sales.csv -o pipe --plot p.svg & for i in $(seq 1000); do " + temporary +
+                  " && break; sleep 0.02; done; " + temporary + " && kill -TERM $!; wait $!",
+              "mkfifo pipe;");
+  EXPECT_EQ(outcome.status, 128 + SIGTERM);
+  EXPECT_EQ(box.Content("p.svg"), "old");
+  EXPECT_EQ(box.Files(), (Strings{"p.svg", "pipe", "sales.csv"}));
+}
+TEST(Outputs, FileThatGrowsPastALimitIsToldLikeAFullDisk) {
+  const Sandbox box;
+  box.Put("sales.csv", MonthlyTable(20));
+  box.Put("m.xml", "old");
+  const Outcome outcome = box.Run("fit sales.csv -o m.xml", "ulimit -f 1;");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.err, "tsxport: m.xml: cannot be written: File too large\n");
   EXPECT_EQ(box.Content("m.xml"), "old");
   EXPECT_EQ(box.Files(), (Strings{"m.xml", "sales.csv"}));
 }

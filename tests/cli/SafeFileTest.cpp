@@ -10,6 +10,7 @@
 
 #include "Tables.h"
 #include "cli/SafeFile.h"
+#include "cli/Signals.h"
 
 namespace tsx::cli {
 namespace {
@@ -50,6 +51,16 @@ class SafeFileTest : public testing::Test {
   setrlimit(RLIMIT_FSIZE, &limit);
   const std::string error = ErrorOf([&path] { const SafeFile file(path, std::string(5000, 'x')); });
   std::exit(error == path + ": cannot be written: File too large" ? 7 : 1);
+}
+
+// Leaves by the signal, with a file that is not in place yet.
+[[noreturn]] void WriteUntil(int signal, const std::string& path) {
+  const struct rlimit noCore = {0, 0};
+  setrlimit(RLIMIT_CORE, &noCore);
+  HandleSignals();
+  const SafeFile file(path, "new");
+  raise(signal);
+  std::exit(1);
 }
 
 TEST_F(SafeFileTest, CommitPutsTheBytesInPlace) {
@@ -118,6 +129,37 @@ TEST_F(SafeFileTest, FullDiskLeavesTheOldFileAndNoTemporary) {
   EXPECT_EXIT(WriteOnAFullDisk(Path("a")), testing::ExitedWithCode(7), "");
   EXPECT_EQ(Content(Path("a")), "old");
   EXPECT_EQ(FileCount(), 1U);
+}
+TEST_F(SafeFileTest, SignalThatEndsTheCommandLeavesTheOldFileAndNoTemporary) {
+  Put(Path("a"), "old");
+  for (const int signal : {SIGHUP, SIGINT, SIGPIPE, SIGQUIT, SIGTERM}) {
+    EXPECT_EXIT(WriteUntil(signal, Path("a")), testing::KilledBySignal(signal), "");
+    EXPECT_EQ(Content(Path("a")), "old");
+    EXPECT_EQ(FileCount(), 1U);
+  }
+}
+TEST_F(SafeFileTest, SignalLeavesAFileThatIsInPlace) {
+  const auto writeAndEnd = [this] {
+    HandleSignals();
+    SafeFile file(Path("a"), "new");
+    file.Commit();
+    raise(SIGTERM);
+  };
+  EXPECT_EXIT(writeAndEnd(), testing::KilledBySignal(SIGTERM), "");
+  EXPECT_EQ(Content(Path("a")), "new");
+  EXPECT_EQ(FileCount(), 1U);
+}
+TEST_F(SafeFileTest, SignalThatIsIgnoredStaysSo) {
+  const auto writeOn = [this] {
+    signal(SIGHUP, SIG_IGN);
+    HandleSignals();
+    SafeFile file(Path("a"), "new");
+    raise(SIGHUP);
+    file.Commit();
+    std::exit(7);
+  };
+  EXPECT_EXIT(writeOn(), testing::ExitedWithCode(7), "");
+  EXPECT_EQ(Content(Path("a")), "new");
 }
 TEST_F(SafeFileTest, FolderThatIsNotThere) {
   EXPECT_EQ(ErrorOf([this] { const SafeFile file(Path("no/a"), ""); }),
