@@ -54,8 +54,8 @@ std::uint64_t ReachOf(const ArimaRequest& request, std::uint64_t season) {
 ArimaFault FindLongReach(const ArimaRequest& request, const Series& series, unsigned seasonLength) {
   const std::uint64_t reach = ReachOf(request, seasonLength);
   if (reach < series.values.size()) return {};
-  return {"the model needs more than " + std::to_string(reach) +
-              " cases, so far back do its lags reach; the series has " +
+  return {"the model needs more than " + std::to_string(reach) + (reach == 1 ? " case" : " cases") +
+              ", so far back do its lags reach; the series has " +
               std::to_string(series.values.size()),
           series.places.front()};
 }
@@ -68,9 +68,11 @@ ArimaFault FindMissingPredictor(const Series& series) {
   for (const PredictorColumn& predictor : series.predictors) {
     for (std::size_t i = start; i < predictor.values.size(); ++i) {
       if (predictor.values[i] != MV::gMissingValue) continue;
+      const bool skipped = predictor.places[i].line == 0;
       return {"the predictor " + Quoted(predictor.name) + " has no value at " +
-                  series.axis->CaseText(series.cases[i]) + ", which lies within the series",
-              predictor.places[i]};
+                  series.axis->CaseText(series.cases[i]) +
+                  (skipped ? ", which the table skips" : ", which lies within the series"),
+              PlaceOfCase(predictor.places, i)};
     }
   }
   return {};
@@ -98,6 +100,12 @@ ArimaFault FindImpossibleFuture(const ArimaRequest& request, const Series& serie
   return {};
 }
 
+// Where the future of a predictor ends: at its first unknown value, else at the last known one.
+Place EndOf(const PredictorColumn& predictor) {
+  if (predictor.future_end.line != 0) return predictor.future_end;
+  return predictor.future.empty() ? predictor.places.back() : predictor.future_places.back();
+}
+
 ArimaFault FindShortFuture(const ArimaRequest& request, const Series& series, unsigned horizon) {
   for (std::size_t i = 0; i < series.predictors.size(); ++i) {
     const PredictorColumn& predictor = series.predictors[i];
@@ -111,7 +119,7 @@ ArimaFault FindShortFuture(const ArimaRequest& request, const Series& series, un
             ", where the series ends; " +
             (predictor.future.size() == 1 ? "there is 1"
                                           : "there are " + std::to_string(predictor.future.size())),
-        predictor.places.back()};
+        EndOf(predictor)};
   }
   return {};
 }

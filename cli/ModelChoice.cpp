@@ -88,7 +88,8 @@ void ExplainArima(Candidate& candidate, const Series& series, const tsffit::Arim
       fit.bad_predictor < 0 ? nullptr
                             : &series.predictors[static_cast<std::size_t>(fit.bad_predictor)];
   const double value = (predictor != nullptr ? predictor->values : series.values)[fit.bad_case];
-  candidate.refused_at = (predictor != nullptr ? predictor->places : series.places)[fit.bad_case];
+  candidate.refused_at =
+      PlaceOfCase(predictor != nullptr ? predictor->places : series.places, fit.bad_case);
   candidate.refusal =
       (predictor != nullptr ? "predictor " + Quoted(predictor->name) + ", " : std::string()) +
       (value != MV::gMissingValue

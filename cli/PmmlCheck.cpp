@@ -21,7 +21,7 @@ void CheckMissing(const std::string& file, const Series& series) {
   const auto missing = std::find(series.values.begin(), series.values.end(), MV::gMissingValue);
   if (missing == series.values.end()) return;
   const auto at = static_cast<std::size_t>(missing - series.values.begin());
-  Refuse(file, series.places[at], series,
+  Refuse(file, PlaceOfCase(series.places, at), series,
          "the value at " + series.axis->CaseText(series.cases[at]) +
              " is missing: --format pmml has no place for that" + kConsequence);
 }

@@ -108,7 +108,10 @@ void ReadColumn(const CsvTable& table, std::size_t column, const std::vector<std
 void CutPredictor(PredictorColumn& predictor, const std::vector<std::size_t>& cases,
                   std::size_t count) {
   for (std::size_t i = count; i < cases.size(); ++i) {
-    if (cases[i] != cases[i - 1] + 1 || predictor.values[i] == MV::gMissingValue) break;
+    if (cases[i] != cases[i - 1] + 1 || predictor.values[i] == MV::gMissingValue) {
+      predictor.future_end = PlaceOfCase(predictor.places, i);
+      break;
+    }
     predictor.future.push_back(predictor.values[i]);
     predictor.future_places.push_back(predictor.places[i]);
   }
@@ -147,6 +150,13 @@ void AddPredictors(Series& series, const CsvTable& table, const ColumnRoles& rol
 }
 
 }  // namespace
+
+Place PlaceOfCase(const std::vector<Place>& places, std::size_t i) {
+  const auto first = places.begin() + static_cast<std::ptrdiff_t>(i);
+  const auto found =
+      std::find_if(first, places.end(), [](const Place& place) { return place.line != 0; });
+  return found == places.end() ? Place{} : *found;
+}
 
 bool HasGaps(const Series& series) { return series.cases.size() < series.axis->CaseCount(); }
 

@@ -19,6 +19,7 @@ struct PredictorColumn {
   std::vector<Place> places;
   std::vector<double> future;  // of the cases behind the series, up to the first one without
   std::vector<Place> future_places;
+  Place future_end;  // where the first unknown value is; line 0 when the table ends before it
 };
 
 struct Series {
@@ -30,6 +31,9 @@ struct Series {
   std::vector<Place> places;             // where each value stands; line 0 for skipped cases
   std::vector<PredictorColumn> predictors;
 };
+
+// Where case `i` of `places` stands; for a skipped one, which has no row, where the next one does.
+Place PlaceOfCase(const std::vector<Place>& places, std::size_t i);
 
 // Whether cases of the axis were left out of the series rather than given missing values.
 bool HasGaps(const Series& series);

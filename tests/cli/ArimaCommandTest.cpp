@@ -217,7 +217,7 @@ TEST(ArimaPredictor, IsNeededAsFarAsTheForecast) {
   const Sandbox box;
   box.Put("seatbelts.csv", SeatbeltsWithFuture("1985-01,,,,1\n1985-02,,,,1\n"));
   EXPECT_EQ(Complaint(box, "fit seatbelts.csv --forecast 3 " + std::string(kLaw)),
-            "tsxport: seatbelts.csv:193:38: --forecast 3 needs 3 values of the predictor 'law' "
+            "tsxport: seatbelts.csv:195:12: --forecast 3 needs 3 values of the predictor 'law' "
             "after 1984-12, where the series ends; there are 2 (series \"seatbelts\")");
   EXPECT_EQ(box.Run("fit seatbelts.csv --forecast 2 " + std::string(kLaw)).status, 0);
 }
@@ -383,6 +383,14 @@ TEST(ArimaHopeless, MissingValueUnderAMethodThatKnowsNone) {
   EXPECT_EQ(FitData("presidents", "--model 'arima(1,0,0)' --method cls")
                 .err.find("tsxport: presidents.csv:16:9: 1948-Q3 is missing: "),
             0U);
+}
+TEST(ArimaHopeless, SkippedPeriodUnderAMethodThatKnowsNone) {
+  const Sandbox box;
+  box.Put("sales.csv",
+          "date,y\n2000-01,5\n2000-02,6\n2000-04,4\n2000-05,7\n2000-06,5\n2000-07,6\n");
+  EXPECT_EQ(Complaint(box, "fit sales.csv --model 'arima(1,0,0)' --method cls"),
+            "tsxport: sales.csv:4:9: 2000-03 is missing: the method cls knows no missing values; "
+            "the method ml does (series \"sales\")");
 }
 TEST(ArimaHopeless, SeriesAmongOthersIsNamedAndTheOthersAreWritten) {
   const Sandbox box;

@@ -196,6 +196,8 @@ TEST(ArimaFault, LagsReachNoFurtherThanTheSeries) {
   EXPECT_EQ(FaultOf(Request("arima(5,0,0)"), series), "");
   EXPECT_EQ(FaultOf(Request("arima(6,0,0)"), series),
             "the model needs more than 6 cases, so far back do its lags reach; the series has 6");
+  EXPECT_EQ(FaultOf(Request("arima(1,0,0)"), SeriesOf("date,y\n2000-01,5\n")),
+            "the model needs more than 1 case, so far back do its lags reach; the series has 1");
   EXPECT_EQ(FaultOf(Request("arima(0,0,1)(0,0,2)"), series),
             "the model needs more than 25 cases, so far back do its lags reach; the series has 6");
   EXPECT_EQ(FaultOf(Request("arima(0,1,0)(0,2,0)"), series),
@@ -217,9 +219,10 @@ TEST(ArimaFault, PredictorHasAValueForEveryCase) {
   EXPECT_EQ(fault.place, (Place{3, 11}));
 }
 TEST(ArimaFault, PredictorHasAValueForSkippedPeriodsToo) {
-  EXPECT_EQ(FaultOf(WithPredictor("x"), SeriesOf("date,y,x\n2000-01,5,1\n2000-02,6,2\n"
-                                                 "2000-04,4,3\n")),
-            "the predictor 'x' has no value at 2000-03, which lies within the series");
+  const ArimaFault fault = FindArimaFault(
+      WithPredictor("x"), SeriesOf("date,y,x\n2000-01,5,1\n2000-02,6,2\n2000-04,4,3\n"), 1, 0);
+  EXPECT_EQ(fault.cause, "the predictor 'x' has no value at 2000-03, which the table skips");
+  EXPECT_EQ(fault.place, (Place{4, 11}));
 }
 TEST(ArimaFault, PredictorNeedsNoValueBeforeTheSeriesBegins) {
   EXPECT_EQ(FaultOf(WithPredictor("x"), SeriesOf("date,y,x\n2000-01,,\n2000-02,6,2\n"
@@ -247,6 +250,14 @@ TEST(ArimaHorizon, EndsWithTheKnownValuesOfThePredictor) {
   EXPECT_EQ(FaultOf(WithPredictor("x"), series, 1, 3),
             "--forecast 3 needs 3 values of the predictor 'x' after 2000-04, where the series "
             "ends; there are 2");
+}
+TEST(ArimaHorizon, IsBlamedOnTheFirstUnknownValueElseTheLastKnownOne) {
+  const auto placeOf = [](std::string_view table) {
+    return FindArimaFault(WithPredictor("x"), SeriesOf(table), 1, 3).place;
+  };
+  EXPECT_EQ(placeOf(kTwoAhead), (Place{8, 10}));
+  EXPECT_EQ(placeOf("date,y,x\n2000-01,5,1\n2000-02,6,2\n2000-03,,1\n"), (Place{4, 10}));
+  EXPECT_EQ(placeOf("date,y,x\n2000-01,5,1\n2000-02,6,2\n"), (Place{3, 11}));
 }
 TEST(ArimaHorizon, OfOnePeriodNeedsOneValue) {
   EXPECT_EQ(FaultOf(WithPredictor("x"), SeriesOf("date,y,x\n2000-01,5,1\n2000-02,6,2\n"), 1, 1),

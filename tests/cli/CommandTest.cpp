@@ -240,9 +240,10 @@ TEST(Pmml, RefusesWhatItHasNoPlaceForAndWritesNothing) {
 TEST(Pmml, SkippedPeriodIsAMissingValueUnlessItIsAGap) {
   const Sandbox box;
   box.Put("sales.csv", "date,v\n2000-01,5\n2000-02,6\n2000-04,4\n2000-05,5\n2000-06,7\n");
-  EXPECT_EQ(Complaint(box, "fit sales.csv --format pmml"),
-            "tsxport: sales.csv: the value at 2000-03 is missing: --format pmml has no place for "
-            "that, so its readers would forecast wrongly; use --format tscxml (series \"sales\")");
+  EXPECT_EQ(
+      Complaint(box, "fit sales.csv --format pmml"),
+      "tsxport: sales.csv:4:9: the value at 2000-03 is missing: --format pmml has no place for "
+      "that, so its readers would forecast wrongly; use --format tscxml (series \"sales\")");
   const Outcome gap = box.Run("fit sales.csv --format pmml --gaps --model simple -o -");
   EXPECT_EQ(gap.status, 0) << gap.err;
   EXPECT_EQ(Parsed(gap.out).select_nodes("//TimeValue").size(), 5U);

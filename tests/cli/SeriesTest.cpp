@@ -33,6 +33,12 @@ TEST(Series, SkippedPeriodIsAMissingValue) {
   EXPECT_EQ(all[0].places[2].line, 0U);
   EXPECT_EQ(all[0].places[3], (Place{4, 9}));
 }
+TEST(Series, SkippedPeriodIsPlacedWhereTheNextRowIs) {
+  const auto all = ReadSeries(Table("date,y\n2020-01,1\n2020-02,2\n2020-05,4\n"), {});
+  EXPECT_EQ(PlaceOfCase(all[0].places, 1), (Place{3, 9}));
+  EXPECT_EQ(PlaceOfCase(all[0].places, 2), (Place{4, 9}));
+  EXPECT_EQ(PlaceOfCase(all[0].places, 3), (Place{4, 9}));
+}
 TEST(Series, SkippedPeriodIsLeftOutOnRequest) {
   const auto all = ReadSeries(Table("date,y\n2020-01,1\n2020-02,2\n2020-04,4\n"),
                               {.columns = {}, .name = "", .skipped_as_gaps = true});
@@ -100,6 +106,17 @@ TEST(Predictors, FutureEndsWithTheFirstMissingValue) {
   EXPECT_EQ(
       WithPredictor("date,y,x\n2020-01,1,1\n2020-02,,2\n2020-04,,4\n", true).predictors[0].future,
       Values{2});
+}
+TEST(Predictors, FutureEndsAtTheRowOfTheFirstMissingValue) {
+  EXPECT_EQ(WithPredictor("date,y,x\n2020-01,1,1\n2020-02,,2\n2020-03,,\n2020-04,,4\n")
+                .predictors[0]
+                .future_end,
+            (Place{4, 10}));
+  constexpr char kSkipped[] = "date,y,x\n2020-01,1,1\n2020-02,,2\n2020-04,,4\n";
+  for (const bool gaps : {false, true}) {
+    EXPECT_EQ(WithPredictor(kSkipped, gaps).predictors[0].future_end, (Place{4, 10}));
+  }
+  EXPECT_EQ(WithPredictor("date,y,x\n2020-01,1,1\n2020-02,,2\n").predictors[0].future_end.line, 0U);
 }
 TEST(Predictors, EachVariableHasAnEndOfItsOwn) {
   SeriesOptions options;
