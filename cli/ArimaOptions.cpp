@@ -34,9 +34,7 @@ class OptionReader {
   }
 
   void Expect(char c) {
-    if (Take(c)) return;
-    const std::string place = AtEnd() ? "at the end" : "before " + Quoted(rest_);
-    Fail(std::string("there must be a '") + c + "' " + place);
+    if (!Take(c)) FailWithout(std::string("a '") + c + "'");
   }
 
   // What stands before the next mark, or the end.
@@ -47,14 +45,16 @@ class OptionReader {
   }
 
   unsigned Count(unsigned least, unsigned most) {
+    const std::string wanted =
+        "a whole number from " + std::to_string(least) + " to " + std::to_string(most);
     const std::string_view word = Word();
+    if (word.empty()) FailWithout(wanted);
     unsigned value = 0;
     const char* const end = word.data() + word.size();
     const auto [stop, error] = std::from_chars(word.data(), end, value);
     const bool whole = error == std::errc() && stop == end;
     if (whole && least <= value && value <= most) return value;
-    Fail(Quoted(word) + " is not a whole number from " + std::to_string(least) + " to " +
-         std::to_string(most));
+    Fail(Quoted(word) + " is not " + wanted);
   }
 
   // An order, or a list of lags in brackets.
@@ -66,6 +66,10 @@ class OptionReader {
   }
 
  private:
+  [[noreturn]] void FailWithout(const std::string& wanted) const {
+    Fail("there must be " + wanted + (AtEnd() ? " at the end" : " before " + Quoted(rest_)));
+  }
+
   Lags LagList() {
     Lags lags;
     Expect('[');

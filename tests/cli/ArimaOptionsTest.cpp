@@ -75,7 +75,8 @@ TEST(ArimaOrdersError, LagsOutOfRangeOrTwice) {
   EXPECT_EQ(OrdersError("arima([0],0,0)"),
             "--model: 'arima([0],0,0)': '0' is not a whole number from 1 to 1000");
   EXPECT_EQ(OrdersError("arima([],0,0)"),
-            "--model: 'arima([],0,0)': '' is not a whole number from 1 to 1000");
+            "--model: 'arima([],0,0)': there must be a whole number from 1 to 1000 before "
+            "'],0,0)'");
   EXPECT_EQ(OrdersError("arima([3,1,3],0,0)"), "--model: 'arima([3,1,3],0,0)': lag 3 comes twice");
 }
 TEST(ArimaOrdersError, PartsThatAreNotThere) {
@@ -85,6 +86,17 @@ TEST(ArimaOrdersError, PartsThatAreNotThere) {
             "--model: 'arima(1,1,1)12': there must be a '(' before '12'");
   EXPECT_EQ(OrdersError("arima([1,2,0,0)"),
             "--model: 'arima([1,2,0,0)': '0' is not a whole number from 1 to 1000");
+}
+TEST(ArimaOrdersError, NumbersThatAreNotThere) {
+  EXPECT_EQ(OrdersError("arima()"),
+            "--model: 'arima()': there must be a whole number from 0 to 100 before ')'");
+  EXPECT_EQ(OrdersError("arima(1,[1],1)"),
+            "--model: 'arima(1,[1],1)': there must be a whole number from 0 to 5 before '[1],1)'");
+  EXPECT_EQ(OrdersError("arima([1,3,],1,0)"),
+            "--model: 'arima([1,3,],1,0)': there must be a whole number from 1 to 1000 before "
+            "'],1,0)'");
+  EXPECT_EQ(OrdersError("arima(1,"),
+            "--model: 'arima(1,': there must be a whole number from 0 to 5 at the end");
 }
 TEST(ArimaOrdersError, SeasonBehindTheOrders) {
   EXPECT_EQ(OrdersError("arima(0,1,1)(0,1,1)12"),
@@ -152,6 +164,8 @@ TEST(PredictorOptionError, PartsThatAreNotThereOrTooMany) {
   EXPECT_EQ(PredictorError("x:delay=1,"),
             "--predictor: 'x:delay=1,': '' is none of delay, num, "
             "den, diff, snum, sden, sdiff, transform");
+  EXPECT_EQ(PredictorError("x:delay="),
+            "--predictor: 'x:delay=': there must be a whole number from 0 to 1000 at the end");
   EXPECT_EQ(PredictorError("x:delay=1,num"),
             "--predictor: 'x:delay=1,num': there must be a '=' at the end");
   EXPECT_EQ(PredictorError("x:num=[1]2"),
