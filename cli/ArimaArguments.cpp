@@ -24,7 +24,8 @@ void AddArimaOptions(CLI::App& app, ArimaArguments& raw) {
     app.add_flag(name, value, text)->group(kArimaGroup);
   };
   addFlag("--constant", raw.constant,
-          "The differenced series has a mean. Default: it has one when nothing is differenced");
+          "The differenced series has a mean. Default: it has one when nothing is differenced; "
+          "auto-arima chooses");
   addFlag("--no-constant", raw.no_constant, "It has none");
   add("--method", raw.method, "METHOD",
       "ml (the default), exact maximum likelihood by the Kalman filter; ml-theta, the same by the "

@@ -47,9 +47,15 @@ ARIMA:
   predictors, (omega0 - omega1 B) / (1 - delta1 B). So lead:delay=3,num=1,den=1
   has omega0, omega1 and delta1, three periods late.
 
+  An additive outlier changes one value, a level outlier all from then on; a
+  transient one dies away, a seasonal-additive one comes back in every season,
+  a trend outlier grows from period to period, and an innovational one goes
+  through the model like the noise. --detect-outliers finds those that are
+  additive, level, transient and innovational.
+
   auto-arima finds orders: of differences by tests of stationarity and of the
-  season's strength, the others by a stepwise search for the lowest AICc.
-  --detect-outliers finds additive, level, transient and innovational outliers.
+  season's strength, the others by a stepwise search for the lowest AICc, which
+  is that of exact likelihood whatever the --method of the final fit.
 
   A fit whose search did not converge is written all the same; its summary says
   so.
@@ -72,7 +78,7 @@ Examples:
       one model for each shop of a long table
   tsxport fit airpassengers.csv --model 'arima(0,1,1)(0,1,1)' --transform log
       the airline model
-  tsxport fit seatbelts.csv --variable drivers --model 'arima(1,0,0)(1,0,0)'
+  tsxport fit seatbelts.csv --variable drivers --model 'arima(1,0,0)(1,0,0)' \
               --transform log --predictor law --outlier level@1973-11 -o law.xml
       with a predictor, and a level that changed for good
   tsxport fit sales.csv --model auto-arima --detect-outliers --forecast 12

@@ -43,7 +43,8 @@ void AddInputOptions(CLI::App& app, FitOptions& options) {
     return app.add_option(name, value, text)->type_name(type)->group(kReadingGroup);
   };
   add("--variable", options.columns.variables, "COLUMN",
-      "Fit this column; may be given several times. Default: every column of numbers but the time")
+      "Fit this column; may be given several times. Default: every column of numbers but the time "
+      "and predictors")
       ->expected(1)
       ->take_all();
   add("--id", options.columns.id, "COLUMN",
@@ -71,8 +72,8 @@ void AddModelOptions(CLI::App& app, RawOptions& raw) {
       "smoothing that go with the series and keeps the one with the lowest normalised BIC");
   add("--season", raw.season, "N",
       "Periods in one season, of ARIMA too; 1 for none. Default: what the calendar says, 12 for "
-      "months, 4 for "
-      "quarters, 7 for days, 24 for hours. Another length is marked in the document as forced");
+      "months, 4 for quarters, 7 for days, 24 for hours. Another length is marked in the document "
+      "as forced");
   add("--transform", raw.transform, "FUNCTION",
       "Model the series as it is (none, the default), its natural logarithm (log) or its square "
       "root (sqrt); with croston, the sizes of the demands. Under log and sqrt, auto leaves out "
@@ -89,8 +90,8 @@ void AddOutputOptions(CLI::App& app, FitOptions& options, RawOptions& raw) {
   add("--format", raw.format, "FORMAT",
       "tscxml (the default), which holds all that forecasting needs; or pmml, PMML 4.2, for "
       "smoothing alone: it has no place for croston, for ARIMA, for --transform or for missing "
-      "values, and "
-      "the run is refused where they come up. One series to a document is best there, since "
+      "values, and the run is refused where they come up. One series to a document is best there, "
+      "since "
       "its data dictionary names the last one only");
   add("--name", options.name, "NAME",
       "Name of the model. Default: the file's name without its ending. Several models are named "
@@ -101,7 +102,8 @@ void AddOutputOptions(CLI::App& app, FitOptions& options, RawOptions& raw) {
       "goes to standard error");
   add("--plot", options.plot, "PLOT.svg",
       "Draw series, forecasts and limits, one panel per series (24 at most). Without --forecast it "
-      "looks two seasons ahead, or ten periods where there is no season");
+      "looks two seasons ahead, or ten periods where there is no season; in any case no further "
+      "than predictors are known");
   app.add_flag("--first-case-day", options.first_case_day,
                "Also write the day of the first case, of dates. Careful: the format's FirstCaseDay "
                "element has two attributes named month, the second being the year. That is not "

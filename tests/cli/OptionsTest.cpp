@@ -248,6 +248,19 @@ TEST(HelpPages, FitsTheTerminalAndNamesEveryOption) {
   }
   EXPECT_LE(longest, 80U);
 }
+TEST(HelpPages, NamesTheValuesOfEveryChoice) {
+  const std::string page = ParseCommandLine({"fit", "--help"}).page;
+  for (
+      const char* value :
+      {" simple,",   " brown,",       " holt,",     " damped-trend,",   " simple-seasonal,",
+       " croston,",  "(none,",        "(log)",      "(sqrt)",           " ml ",
+       " ml-theta,", " cls,",         " delay=N,",  " num=N,",          " den=N,",
+       " diff=N,",   " snum=N,",      " sden=N,",   " sdiff=N,",        " transform=log",
+       " additive,", " level,",       " transient", " trend,",          " seasonal-additive,",
+       " tscxml ",   " innovational", " pmml,",     "winters-additive", "winters-multiplicative"}) {
+    EXPECT_NE(page.find(value), std::string::npos) << value;
+  }
+}
 TEST(HelpPages, FirstCaseDayTellsThatReadersRejectTheDocument) {
   std::string page = ParseCommandLine({"fit", "--help"}).page;
   std::string words;
