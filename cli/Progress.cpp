@@ -1,5 +1,7 @@
 #include "cli/Progress.h"
 
+#include <system_error>
+
 namespace tsx::cli {
 namespace {
 
@@ -16,18 +18,44 @@ std::string ProgressText(std::size_t done, std::size_t total) {
 }
 
 ProgressBar::ProgressBar(std::ostream& out, bool isTerminal, std::size_t total)
-    : out_(out), is_terminal_(isTerminal), total_(total), next_drawing_(Clock::now() + kPatience) {}
+    : out_(out), total_(total) {
+  if (!isTerminal) return;
+  try {
+    drawer_ = std::thread([this] { DrawUntilFinished(); });
+  } catch (const std::system_error&) {  // the machine has no more threads to give
+  }
+}
 
 ProgressBar::~ProgressBar() {
-  if (drawn_) out_ << "\r\x1b[K" << std::flush;
+  if (!drawer_.joinable()) return;
+  {
+    const std::lock_guard lock(mutex_);
+    finished_ = true;
+  }
+  finish_.notify_one();
+  drawer_.join();
 }
 
 void ProgressBar::Advance() {
+  const std::lock_guard lock(mutex_);
   ++done_;
-  if (!is_terminal_ || Clock::now() < next_drawing_) return;
-  out_ << '\r' << ProgressText(done_, total_) << std::flush;
-  drawn_ = true;
-  next_drawing_ = Clock::now() + kInterval;
+}
+
+void ProgressBar::DrawUntilFinished() {
+  std::unique_lock lock(mutex_);
+  if (IsFinishedWithin(lock, kPatience)) return;
+  std::string shown;
+  do {
+    const std::string text = ProgressText(done_, total_);
+    if (text != shown) out_ << '\r' << text << std::flush;
+    shown = text;
+  } while (!IsFinishedWithin(lock, kInterval));
+  out_ << "\r\x1b[K" << std::flush;
+}
+
+bool ProgressBar::IsFinishedWithin(std::unique_lock<std::mutex>& lock,
+                                   std::chrono::milliseconds time) {
+  return finish_.wait_for(lock, time, [this] { return finished_; });
 }
 
 }  // namespace tsx::cli

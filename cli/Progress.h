@@ -2,17 +2,21 @@
 #define TSXPORT_CLI_PROGRESS_H_
 
 #include <chrono>
+#include <condition_variable>
 #include <cstddef>
+#include <mutex>
 #include <ostream>
 #include <string>
+#include <thread>
 
 namespace tsx::cli {
 
 // The bar for `done` of `total` jobs, 0 <= done <= total: "[#####-----]  5/10 series".
 std::string ProgressText(std::size_t done, std::size_t total);
 
-// A progress bar on a terminal. It shows up when the work takes longer than a moment and is wiped
-// out at the end. Calls come one at a time.
+// A progress bar on a terminal. It shows up when the work takes longer than a moment, be it that of
+// the first job, and is wiped out at the end. Nobody else writes to the terminal as long as it
+// lives.
 class ProgressBar {
  public:
   // Draws nothing unless `isTerminal`.
@@ -24,14 +28,16 @@ class ProgressBar {
   void Advance();  // one more job is done
 
  private:
-  using Clock = std::chrono::steady_clock;
+  void DrawUntilFinished();
+  bool IsFinishedWithin(std::unique_lock<std::mutex>& lock, std::chrono::milliseconds time);
 
   std::ostream& out_;
-  const bool is_terminal_;
   const std::size_t total_;
+  std::mutex mutex_;
+  std::condition_variable finish_;
   std::size_t done_ = 0;
-  bool drawn_ = false;
-  Clock::time_point next_drawing_;
+  bool finished_ = false;
+  std::thread drawer_;  // on a terminal
 };
 
 }  // namespace tsx::cli
