@@ -40,9 +40,12 @@ const char kFitFooter[] =
 
 ARIMA:
   arima(p,d,q)(P,D,Q) has p autoregressive and q moving-average coefficients
-  after d differences; P, D and Q count seasons. Brackets list lags in place of
-  an order: arima([1,3],1,0) has the lags 1 and 3, and [1,2] in the second
-  parenthesis means one and two seasons. The second parenthesis may be left out.
+  after d differences; P, D and Q count seasons, which are as long as --season
+  says. Brackets list lags in place of an order: arima([1,3],1,0) has the lags 1
+  and 3, and [1,2] in the second parenthesis means one and two seasons. The
+  second parenthesis may be left out. Orders go up to 100, differences up to 5,
+  lags and delays up to 1000.
+
   Signs are those of Box and Jenkins: 1 - phi B, 1 - theta B and, for
   predictors, (omega0 - omega1 B) / (1 - delta1 B). So lead:delay=3,num=1,den=1
   has omega0, omega1 and delta1, three periods late.

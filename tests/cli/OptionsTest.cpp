@@ -3,6 +3,7 @@
 #include <tsfcore/ESModelSpec.h>
 
 #include "Tables.h"
+#include "cli/ArimaOptions.h"
 #include "cli/Options.h"
 
 namespace tsx::cli {
@@ -261,17 +262,28 @@ TEST(HelpPages, NamesTheValuesOfEveryChoice) {
     EXPECT_NE(page.find(value), std::string::npos) << value;
   }
 }
-TEST(HelpPages, FirstCaseDayTellsThatReadersRejectTheDocument) {
-  std::string page = ParseCommandLine({"fit", "--help"}).page;
+
+// The page of "tsxport fit" without its line ends.
+std::string HelpWords() {
   std::string words;
-  for (const char c : page) {
+  for (const char c : ParseCommandLine({"fit", "--help"}).page) {
     if (c == '\n')
       words += ' ';
     else if (c != ' ' || words.back() != ' ')
       words += c;
   }
-  EXPECT_NE(words.find("two attributes named month"), std::string::npos);
-  EXPECT_NE(page.find("reject"), std::string::npos);
+  return words;
+}
+
+TEST(HelpPages, TellsTheBoundsOfOrdersDifferencesAndLags) {
+  EXPECT_NE(HelpWords().find("Orders go up to " + std::to_string(kHighestOrder) +
+                             ", differences up to " + std::to_string(kMostDifferences) +
+                             ", lags and delays up to " + std::to_string(kLongestLag) + "."),
+            std::string::npos);
+}
+TEST(HelpPages, FirstCaseDayTellsThatReadersRejectTheDocument) {
+  EXPECT_NE(HelpWords().find("two attributes named month"), std::string::npos);
+  EXPECT_NE(HelpWords().find("reject"), std::string::npos);
 }
 TEST(HelpPages, MainPageNamesTheCommand) {
   EXPECT_NE(ParseCommandLine({"--help"}).page.find("fit "), std::string::npos);
