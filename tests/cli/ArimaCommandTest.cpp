@@ -178,6 +178,19 @@ TEST(ArimaPredictor, RegressionIsThatOfR) {
   ExpectNear(Estimates(document, "//PredictorEffect//EstimatedParameter"), {-0.24110, 0.04149},
              1e-3);
 }
+// The example of the README.
+TEST(ArimaPredictor, WithAnOutlierOnSeasonalDifferencesIsThatOfR) {
+  const auto document =
+      DocumentOf("seatbelts",
+                 "--variable drivers --model 'arima(0,1,1)(0,1,1)' --transform log --predictor "
+                 "law:diff=1,sdiff=1 --outlier level@1973-11");
+  ExpectNear(Estimates(document, "//MovingAverage//EstimatedParameter"),
+             {0.77408, 0.05640, 0.84701, 0.07210}, 1e-3);
+  ExpectNear(Estimates(document, "//PredictorEffect//EstimatedParameter"), {-0.25012, 0.04687},
+             1e-3);
+  ExpectNear(Estimates(document, "//OutlierEffect/EstimatedParameter"), {-0.18368, 0.04604}, 1e-3);
+  EXPECT_EQ(Attributes(document, "//OutlierEffect/@startIndex"), Strings{"58"});
+}
 // As the regression of the differences on those of the leading indicator, 3 and 4 periods ago.
 TEST(ArimaPredictor, NumeratorWithDelayIsThatOfR) {
   const auto document =
