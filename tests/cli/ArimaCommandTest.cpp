@@ -84,6 +84,7 @@ TEST(ArimaCommand, AirlineModelIsThatOfR) {
   EXPECT_NEAR(document.select_node("//Statistic[@type='logLikelihood']").node().text().as_double(),
               244.7, 0.005);
 }
+
 TEST(ArimaCommand, EachMethodHasItsState) {
   const std::pair<const char*, const char*> methods[] = {
       {"ml", "ARIMAMLState"}, {"ml-theta", "ARIMAMLSpState"}, {"cls", "ARIMACLSState"}};
@@ -94,11 +95,13 @@ TEST(ArimaCommand, EachMethodHasItsState) {
         << method;
   }
 }
+
 TEST(ArimaCommand, ThetaRecursionIsTheSameLikelihood) {
   const auto document = DocumentOf("airpassengers", kAirline + std::string("--method ml-theta"));
   ExpectNear(Estimates(document, "//MovingAverage//EstimatedParameter"),
              {0.40183, 0.08964, 0.55694, 0.07310}, 1e-3);
 }
+
 TEST(ArimaCommand, ForecastsAreThoseOfR) {
   const Outcome outcome = FitData("airpassengers", kAirline + std::string("--forecast 3"));
   const Strings lines = Lines(outcome.out);
@@ -107,6 +110,7 @@ TEST(ArimaCommand, ForecastsAreThoseOfR) {
   ExpectNear(ForecastsIn(outcome.out), {450.42237, 425.71720, 479.00683}, 1e-5);
   EXPECT_NE(outcome.err.find("ARIMA(0,1,1)(0,1,1)12 of the logarithm"), std::string::npos);
 }
+
 TEST(ArimaCommand, LagListsLeaveLagsOut) {
   const auto document = DocumentOf("wwwusage", "--model 'arima([1,3],1,0)'");
   EXPECT_EQ(Attributes(document, "//Autoregression//LagTerm/@lag"), (Strings{"1", "3"}));
@@ -117,11 +121,13 @@ TEST(ArimaCommand, LagListsLeaveLagsOut) {
   EXPECT_NEAR(estimates[2], -0.00270, 2e-5);
   EXPECT_NEAR(estimates[3], 0.07042, 2e-5);
 }
+
 TEST(ArimaCommand, MissingValuesArePassedOver) {
   const Outcome outcome = FitData("presidents", "--model 'arima(1,0,0)(1,0,0)'");
   EXPECT_EQ(outcome.status, 0) << outcome.err;
   EXPECT_NE(outcome.out.find("120 cases, 6 missing\n"), std::string::npos);
 }
+
 TEST(ArimaCommand, ConstantIsThereOnRequest) {
   const char kTerm[] = "//ARIMAModel/ConstantTerm/EstimatedParameter";
   const std::pair<const char*, std::size_t> models[] = {
@@ -133,6 +139,7 @@ TEST(ArimaCommand, ConstantIsThereOnRequest) {
     EXPECT_EQ(DocumentOf("nile", arguments).select_nodes(kTerm).size(), count) << arguments;
   }
 }
+
 TEST(ArimaCommand, SeasonIsForcedLikeThatOfSmoothing) {
   const auto document = DocumentOf("airpassengers", "--model 'arima(0,1,1)(0,1,1)' --season 6");
   EXPECT_EQ(Attributes(document, "//Periods/@forcedSeasonLength"), Strings{"6"});
@@ -155,10 +162,12 @@ TEST(ArimaSummary, TellsModelEstimatesAndFit) {
   EXPECT_TRUE(lines[8].starts_with("  fit         RMSE ")) << lines[8];
   EXPECT_TRUE(lines[9].starts_with("  residuals   Ljung-Box Q(18) ")) << lines[9];
 }
+
 TEST(ArimaSummary, IsOneLineBesideADocument) {
   EXPECT_EQ(FitData("nile", "--model 'arima(1,0,0)' -o m.xml").out,
             "nile: ARIMA(1,0,0) with a constant\nwrote m.xml (1 model)\n");
 }
+
 TEST(ArimaSummary, PlotNamesTheModel) {
   const Sandbox box;
   box.PutData("airpassengers.csv");
@@ -200,6 +209,7 @@ TEST(ArimaPredictor, NumeratorWithDelayIsThatOfR) {
   ExpectNear(Estimates(document, "//PredictorEffect/Numerator//EstimatedParameter"),
              {4.31719, 0.17129, -1.97460, 0.17315}, 1e-3);
 }
+
 TEST(ArimaPredictor, DenominatorIsFittedAndTold) {
   const Outcome outcome =
       FitData("bjsales", "--model 'arima(0,1,1)' --constant --predictor lead:delay=3,den=1,diff=1");
@@ -208,10 +218,12 @@ TEST(ArimaPredictor, DenominatorIsFittedAndTold) {
   EXPECT_NE(outcome.out.find("  predictors  lead, delayed by 3, differenced once\n"),
             std::string::npos);
 }
+
 TEST(ArimaPredictor, IsNoSeriesItself) {
   const auto document = DocumentOf("bjsales", "--model 'arima(0,1,1)' --predictor lead");
   EXPECT_EQ(Attributes(document, "//ARIMAModel/@modelName"), Strings{"bjsales"});
 }
+
 TEST(ArimaPredictor, RowsBehindTheSeriesAreItsFuture) {
   const Sandbox box;
   const std::string forecast = std::string(kLaw) + "--forecast 3";
@@ -226,6 +238,7 @@ TEST(ArimaPredictor, RowsBehindTheSeriesAreItsFuture) {
   ExpectNear(ForecastsIn(box.Run("fit without.csv " + forecast).out),
              {1864.3253, 1610.7059, 1678.3515}, 1e-4);
 }
+
 TEST(ArimaPredictor, IsNeededAsFarAsTheForecast) {
   const Sandbox box;
   box.Put("seatbelts.csv", SeatbeltsWithFuture("1985-01,,,,1\n1985-02,,,,1\n"));
@@ -234,12 +247,14 @@ TEST(ArimaPredictor, IsNeededAsFarAsTheForecast) {
             "after 1984-12, where the series ends; there are 2 (series \"seatbelts\")");
   EXPECT_EQ(box.Run("fit seatbelts.csv --forecast 2 " + std::string(kLaw)).status, 0);
 }
+
 TEST(ArimaPredictor, DelayNeedsNoFuture) {
   const Outcome outcome = FitData(
       "bjsales", "--model 'arima(0,1,1)' --predictor lead:delay=3,num=1,diff=1 --forecast 3");
   EXPECT_EQ(outcome.status, 0) << outcome.err;
   EXPECT_EQ(Lines(outcome.out).size(), 4U);
 }
+
 TEST(ArimaPredictor, PlotLooksAsFarAheadAsThePredictorIsKnown) {
   const Sandbox box;
   box.PutData("bjsales.csv");
@@ -247,6 +262,7 @@ TEST(ArimaPredictor, PlotLooksAsFarAheadAsThePredictorIsKnown) {
             0);
   test::ExpectWellFormed(box.Content("a.svg"));
 }
+
 TEST(ArimaPredictor, MissingValueWithinTheSeries) {
   const Sandbox box;
   box.Put("sales.csv", "n,y,x\n1,5,1\n2,6,NA\n3,4,2\n4,7,1\n5,5,2\n6,7,3\n7,4,1\n8,5,2\n");
@@ -254,6 +270,7 @@ TEST(ArimaPredictor, MissingValueWithinTheSeries) {
             "tsxport: sales.csv:3:5: the predictor 'x' has no value at 2, which lies within the "
             "series (series \"sales\")");
 }
+
 TEST(ArimaPredictor, ValueOutsideTheDomainOfItsTransformation) {
   EXPECT_EQ(FitData("seatbelts",
                     "--variable drivers --model 'arima(1,0,0)' --predictor "
@@ -272,12 +289,14 @@ TEST(ArimaOutlier, LevelShiftOfTheNileIsThatOfR) {
   ExpectNear(Estimates(document, "//ConstantTerm/EstimatedParameter"), {1098.51675, 27.85538},
              1e-3);
 }
+
 TEST(ArimaOutlier, IsToldWithTypeTimeAndSize) {
   const Outcome outcome = FitData("nile", "--model 'arima(1,0,0)' --outlier level@1899");
   EXPECT_NE(outcome.out.find("  outliers    level from 1899: -249.07 (s.e. 33)\n"),
             std::string::npos)
       << outcome.out;
 }
+
 TEST(ArimaOutlier, TimeThatTheSeriesHasNot) {
   const Sandbox box;
   box.PutData("nile.csv");
@@ -285,6 +304,7 @@ TEST(ArimaOutlier, TimeThatTheSeriesHasNot) {
             "tsxport: nile.csv: --outlier 'level@1999': the series has no such time; it runs from "
             "1871 to 1970 (yearly) (series \"nile\")");
 }
+
 TEST(ArimaOutlier, CountsCasesFromTheFirstOneOfTheFit) {
   const Sandbox box;
   std::string table = "date,y\n2000-01,\n2000-02,\n";
@@ -309,10 +329,12 @@ TEST(ArimaOutlier, ThatOfTheNileIsFound) {
   EXPECT_NE(outcome.out.find("  outliers    level from 1899: -2"), std::string::npos)
       << outcome.out;
 }
+
 TEST(ArimaOutlier, WhereNoneIsFoundTheSummarySaysSo) {
   const Outcome outcome = FitData("lakehuron", "--model 'arima(2,0,0)' --detect-outliers");
   EXPECT_NE(outcome.out.find("  outliers    none found\n"), std::string::npos) << outcome.out;
 }
+
 TEST(ArimaOutlier, GivenOnesStayBesideThoseFound) {
   const auto document =
       DocumentOf("nile", "--model 'arima(0,0,0)' --detect-outliers --outlier additive@1950");
@@ -329,17 +351,20 @@ TEST(AutoArima, FindsOrdersAndTellsWhy) {
       << outcome.out;
   EXPECT_NE(outcome.out.find("  why         lowest AICc of "), std::string::npos) << outcome.out;
 }
+
 TEST(AutoArima, TellsItsChoiceBesideADocument) {
   const Strings lines = Lines(FitData("nile", "--model auto-arima -o m.xml").out);
   ASSERT_EQ(lines.size(), 2U);
   EXPECT_TRUE(lines[0].starts_with("nile: ARIMA(")) << lines[0];
   EXPECT_NE(lines[0].find("(lowest AICc of "), std::string::npos) << lines[0];
 }
+
 TEST(AutoArima, SeasonOfOneMeansNoSeasons) {
   EXPECT_EQ(
       FitData("airpassengers", "--model auto-arima --transform log --season 1").out.find(")("),
       std::string::npos);
 }
+
 TEST(AutoArima, GapsLeaveNoSeasons) {
   const Sandbox box;
   std::string table = "date,y\n";
@@ -353,6 +378,7 @@ TEST(AutoArima, GapsLeaveNoSeasons) {
   EXPECT_EQ(outcome.status, 0) << outcome.err;
   EXPECT_EQ(outcome.out.find(")("), std::string::npos) << outcome.out;
 }
+
 TEST(AutoArima, PredictorIsDifferencedWithTheSeriesUnlessToldOtherwise) {
   const char kDiff[] = "//PredictorEffect/Transformation/@nonSeasonalDiff";
   EXPECT_EQ(Attributes(DocumentOf("bjsales", "--model auto-arima --predictor lead"), kDiff),
@@ -360,6 +386,7 @@ TEST(AutoArima, PredictorIsDifferencedWithTheSeriesUnlessToldOtherwise) {
   EXPECT_EQ(Attributes(DocumentOf("bjsales", "--model auto-arima --predictor lead:diff=0"), kDiff),
             Strings{});
 }
+
 TEST(AutoArima, HopelessSeriesIsNamed) {
   const Sandbox box;
   box.Put("sales.csv", "n,y\n1,5\n2,6\n");
@@ -379,6 +406,7 @@ TEST(ArimaHopeless, ShortSeriesIsRefusedByEveryOrder) {
     }
   }
 }
+
 TEST(ArimaHopeless, ConstantSeriesIsRefusedByEveryOrder) {
   const Sandbox box;
   std::string table = "n,y\n";
@@ -392,11 +420,13 @@ TEST(ArimaHopeless, ConstantSeriesIsRefusedByEveryOrder) {
     }
   }
 }
+
 TEST(ArimaHopeless, MissingValueUnderAMethodThatKnowsNone) {
   EXPECT_EQ(FitData("presidents", "--model 'arima(1,0,0)' --method cls")
                 .err.find("tsxport: presidents.csv:16:9: 1948-Q3 is missing: "),
             0U);
 }
+
 TEST(ArimaHopeless, SkippedPeriodUnderAMethodThatKnowsNone) {
   const Sandbox box;
   box.Put("sales.csv",
@@ -405,6 +435,7 @@ TEST(ArimaHopeless, SkippedPeriodUnderAMethodThatKnowsNone) {
             "tsxport: sales.csv:4:9: 2000-03 is missing: the method cls knows no missing values; "
             "the method ml does (series \"sales\")");
 }
+
 TEST(ArimaHopeless, SeriesAmongOthersIsNamedAndTheOthersAreWritten) {
   const Sandbox box;
   std::string table = "id,n,y\na,1,5\na,2,6\n";
@@ -419,6 +450,7 @@ TEST(ArimaHopeless, SeriesAmongOthersIsNamedAndTheOthersAreWritten) {
   EXPECT_EQ(Attributes(Parsed(box.Content("m.xml")), "//ARIMAModel/@modelName"),
             Strings{"sales/b"});
 }
+
 TEST(ArimaHopeless, SeasonOfTimesWithoutOne) {
   EXPECT_EQ(FitData("nile", "--model 'arima(0,1,1)(0,1,1)'").err,
             "tsxport: nile.csv:2:6: the second parenthesis of arima(p,d,q)(P,D,Q) needs a season, "

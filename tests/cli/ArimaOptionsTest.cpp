@@ -27,26 +27,31 @@ TEST(ArimaOrders, OrderStandsForTheLagsUpToIt) {
   EXPECT_EQ(orders.seasonal_diff, 0U);
   EXPECT_EQ(orders.ma.seasonal, Lags{});
 }
+
 TEST(ArimaOrders, SecondParenthesisCountsSeasons) {
   const ArimaOrders orders = ParseArimaOrders("arima(0,1,1)(2,1,[3])");
   EXPECT_EQ(orders.ar.seasonal, (Lags{1, 2}));
   EXPECT_EQ(orders.seasonal_diff, 1U);
   EXPECT_EQ(orders.ma.seasonal, Lags{3});
 }
+
 TEST(ArimaOrders, ListsNameTheLags) {
   const ArimaOrders orders = ParseArimaOrders("arima([1,3],1,[1])");
   EXPECT_EQ(orders.ar.non_seasonal, (Lags{1, 3}));
   EXPECT_EQ(orders.ma.non_seasonal, Lags{1});
 }
+
 TEST(ArimaOrders, LagsOfAListAreSorted) {
   EXPECT_EQ(ParseArimaOrders("arima([12,1],0,0)").ar.non_seasonal, (Lags{1, 12}));
 }
+
 TEST(ArimaOrders, BlanksAndCapitalsDoNotCount) {
   const ArimaOrders orders = ParseArimaOrders(" ARIMA ( 1 , 0 , [ 2 , 3 ] ) ( 0 , 1 , 1 ) ");
   EXPECT_EQ(orders.ar.non_seasonal, Lags{1});
   EXPECT_EQ(orders.ma.non_seasonal, (Lags{2, 3}));
   EXPECT_EQ(orders.ma.seasonal, Lags{1});
 }
+
 TEST(ArimaOrders, AreToldFromOtherModels) {
   EXPECT_TRUE(LooksLikeArima("arima(0,1,1)"));
   EXPECT_TRUE(LooksLikeArima(" Arima (x"));
@@ -71,6 +76,7 @@ TEST(ArimaOrdersError, NumbersOutOfRange) {
             "--model: 'arima(0,0,99999999999999999999)': '99999999999999999999' is not a whole "
             "number from 0 to 100");
 }
+
 TEST(ArimaOrdersError, LagsOutOfRangeOrTwice) {
   EXPECT_EQ(OrdersError("arima([0],0,0)"),
             "--model: 'arima([0],0,0)': '0' is not a whole number from 1 to 1000");
@@ -79,6 +85,7 @@ TEST(ArimaOrdersError, LagsOutOfRangeOrTwice) {
             "'],0,0)'");
   EXPECT_EQ(OrdersError("arima([3,1,3],0,0)"), "--model: 'arima([3,1,3],0,0)': lag 3 comes twice");
 }
+
 TEST(ArimaOrdersError, PartsThatAreNotThere) {
   EXPECT_EQ(OrdersError("arima(1,1)"), "--model: 'arima(1,1)': there must be a ',' before ')'");
   EXPECT_EQ(OrdersError("arima(1,1,1"), "--model: 'arima(1,1,1': there must be a ')' at the end");
@@ -87,6 +94,7 @@ TEST(ArimaOrdersError, PartsThatAreNotThere) {
   EXPECT_EQ(OrdersError("arima([1,2,0,0)"),
             "--model: 'arima([1,2,0,0)': '0' is not a whole number from 1 to 1000");
 }
+
 TEST(ArimaOrdersError, NumbersThatAreNotThere) {
   EXPECT_EQ(OrdersError("arima()"),
             "--model: 'arima()': there must be a whole number from 0 to 100 before ')'");
@@ -98,6 +106,7 @@ TEST(ArimaOrdersError, NumbersThatAreNotThere) {
   EXPECT_EQ(OrdersError("arima(1,"),
             "--model: 'arima(1,': there must be a whole number from 0 to 5 at the end");
 }
+
 TEST(ArimaOrdersError, SeasonBehindTheOrders) {
   EXPECT_EQ(OrdersError("arima(0,1,1)(0,1,1)12"),
             "--model: 'arima(0,1,1)(0,1,1)12': nothing may follow the orders; --season gives the "
@@ -114,6 +123,7 @@ TEST(PredictorOption, ColumnAloneHasAnEffectAtOnce) {
   EXPECT_EQ(predictor.numerator.non_seasonal, Lags{});
   EXPECT_EQ(predictor.denominator.non_seasonal, Lags{});
 }
+
 TEST(PredictorOption, EveryKeyIsTaken) {
   const PredictorRequest predictor =
       ParsePredictor("lead:delay=3,num=1,den=2,diff=1,sdiff=2,snum=[2],sden=[1,3],transform=log");
@@ -127,16 +137,19 @@ TEST(PredictorOption, EveryKeyIsTaken) {
   EXPECT_EQ(predictor.denominator.seasonal, (Lags{1, 3}));
   EXPECT_EQ(predictor.function_type, TSTransformation::kLogarithm);
 }
+
 TEST(PredictorOption, ZeroDifferencesAreDifferencesGiven) {
   EXPECT_TRUE(ParsePredictor("x:diff=0").has_differences);
   EXPECT_TRUE(ParsePredictor("x:sdiff=1").has_differences);
   EXPECT_FALSE(ParsePredictor("x:delay=0").has_differences);
 }
+
 TEST(PredictorOption, ColonBelongsToTheColumnUnlessKeysFollow) {
   EXPECT_EQ(ParsePredictor("price:euro").column, "price:euro");
   EXPECT_EQ(ParsePredictor("price:euro:delay=1").column, "price:euro");
   EXPECT_EQ(ParsePredictor("a=b").column, "a=b");
 }
+
 TEST(PredictorOption, BlanksAroundPartsDoNotCount) {
   const PredictorRequest predictor = ParsePredictor(" my lead : delay = 3 , transform = sqrt ");
   EXPECT_EQ(predictor.column, "my lead");
@@ -151,6 +164,7 @@ TEST(PredictorOptionError, UnknownOrRepeatedKey) {
   EXPECT_EQ(PredictorError("lead:num=1,num=1"),
             "--predictor: 'lead:num=1,num=1': 'num' comes twice");
 }
+
 TEST(PredictorOptionError, BadValues) {
   EXPECT_EQ(PredictorError("x:delay=1001"),
             "--predictor: 'x:delay=1001': '1001' is not a whole number from 0 to 1000");
@@ -160,6 +174,7 @@ TEST(PredictorOptionError, BadValues) {
             "--predictor: 'x:transform=cube': 'cube' is none of none, log, sqrt");
   EXPECT_EQ(PredictorError("x:den=[1"), "--predictor: 'x:den=[1': there must be a ']' at the end");
 }
+
 TEST(PredictorOptionError, PartsThatAreNotThereOrTooMany) {
   EXPECT_EQ(PredictorError("x:delay=1,"),
             "--predictor: 'x:delay=1,': '' is none of delay, num, "
@@ -185,11 +200,13 @@ TEST(OutlierOption, EveryTypeHasItsName) {
     EXPECT_EQ(OutlierTypeName(type), name);
   }
 }
+
 TEST(OutlierOption, TimeHasTheFormsOfATable) {
   EXPECT_EQ(ParseOutlier("level@1899").time.tick, 1899);
   EXPECT_EQ(ParseOutlier("level @ 1957-03").time.tick, 1957 * 12 + 2);
   EXPECT_EQ(ParseOutlier("level@2020-01-05 13:00").time.form.unit, TimeUnit::kSecond);
 }
+
 TEST(OutlierOptionError, NamesTheCause) {
   EXPECT_EQ(OutlierError("level"), "--outlier: 'level': there must be a '@' between type and time");
   EXPECT_EQ(OutlierError("shift@1899"),

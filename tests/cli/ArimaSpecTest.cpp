@@ -80,9 +80,11 @@ TEST(ArimaSpec, SeasonalLagsAreSeasonsInPeriods) {
   EXPECT_EQ(seasonalLags.GetPower(0), 36U);
   EXPECT_EQ(spec.GetSeasonLength(true), 12U);
 }
+
 TEST(ArimaSpec, SeasonOfAModelWithoutIsOne) {
   EXPECT_EQ(SpecOf(Request("arima(1,0,0)"), SeriesOf(kMonths), 12).GetSeasonLength(true), 1U);
 }
+
 TEST(ArimaSpec, PredictorOrSeasonalOutlierKeepsTheSeason) {
   EXPECT_EQ(SpecOf(WithPredictor("x:sdiff=1"), SeriesOf(kMonthsWithX), 12).GetSeasonLength(true),
             12U);
@@ -90,11 +92,13 @@ TEST(ArimaSpec, PredictorOrSeasonalOutlierKeepsTheSeason) {
       SpecOf(WithOutlier("seasonal-additive@2000-02"), SeriesOf(kMonths), 12).GetSeasonLength(true),
       12U);
 }
+
 TEST(ArimaSpec, ConstantIsThereWithoutDifferences) {
   EXPECT_TRUE(HasConstant(Request("arima(1,0,0)")));
   EXPECT_FALSE(HasConstant(Request("arima(1,1,0)")));
   EXPECT_FALSE(HasConstant(Request("arima(1,0,0)(0,1,0)")));
 }
+
 TEST(ArimaSpec, ConstantAskedForWins) {
   ArimaRequest request = Request("arima(1,1,0)");
   request.constant = true;
@@ -103,6 +107,7 @@ TEST(ArimaSpec, ConstantAskedForWins) {
   request.constant = false;
   EXPECT_FALSE(HasConstant(request));
 }
+
 TEST(ArimaSpec, PredictorIsTakenOver) {
   const AMModelSpec spec = SpecOf(WithPredictor("x:delay=3,num=1,sden=1,diff=1,transform=log"),
                                   SeriesOf(kMonthsWithX), 12);
@@ -128,21 +133,26 @@ TEST(ArimaSpec, PredictorIsTakenOver) {
 TEST(ArimaOutlierTime, IsATimeOfTheSeries) {
   EXPECT_EQ(OutlierIndex("level@2000-03", SeriesOf(kMonths)), 2);
 }
+
 TEST(ArimaOutlierTime, MayBeTheNumberOfTheCase) {
   EXPECT_EQ(OutlierIndex("level@3", SeriesOf(kMonths)), 2);
   EXPECT_EQ(OutlierIndex("level@3", SeriesOf(kYears)), 2);
 }
+
 TEST(ArimaOutlierTime, OfFourDigitsIsAYearWhereTimesAreYears) {
   EXPECT_EQ(OutlierIndex("level@1872", SeriesOf(kYears)), 1);
 }
+
 TEST(ArimaOutlierTime, IsTheNumberInTheTableWhereTimesAreNumbers) {
   EXPECT_EQ(OutlierIndex("level@12", SeriesOf("n,y\n10,5\n11,4\n12,7\n13,5\n")), 2);
 }
+
 TEST(ArimaOutlierTime, CountsSkippedPeriodsUnlessTheyAreGaps) {
   constexpr char kSkipped[] = "date,y\n2000-01,5\n2000-02,6\n2000-04,7\n2000-05,5\n";
   EXPECT_EQ(OutlierIndex("level@2000-04", SeriesOf(kSkipped)), 3);
   EXPECT_EQ(OutlierIndex("level@2000-04", SeriesOf(kSkipped, true)), 2);
 }
+
 TEST(ArimaOutlierTime, MustBeOneOfTheSeries) {
   const std::string months =
       ": the series has no such time; it runs from 2000-01 to 2000-06 "
@@ -156,6 +166,7 @@ TEST(ArimaOutlierTime, MustBeOneOfTheSeries) {
             "--outlier 'level@1875': the series has no such time; it runs from 1871 to 1874 "
             "(yearly)");
 }
+
 TEST(ArimaOutlierTime, MustNotFallIntoAGapOrBetweenTwoCases) {
   constexpr char kSkipped[] = "date,y\n2000-01,5\n2000-02,6\n2000-04,7\n2000-05,5\n";
   EXPECT_NE(FaultOf(WithOutlier("level@2000-03"), SeriesOf(kSkipped, true)), "");
@@ -163,6 +174,7 @@ TEST(ArimaOutlierTime, MustNotFallIntoAGapOrBetweenTwoCases) {
   EXPECT_EQ(OutlierIndex("level@2020-01-20", SeriesOf(kWeeks)), 2);
   EXPECT_NE(FaultOf(WithOutlier("level@2020-01-21"), SeriesOf(kWeeks)), "");
 }
+
 TEST(ArimaOutlierTime, MustNotFallOnAWeekendThatNeverOccurs) {
   std::string text = "date,y\n";
   for (const int day : {13, 14, 15, 16, 17, 20, 21, 22, 23, 24}) {
@@ -184,6 +196,7 @@ TEST(ArimaFault, SeasonsNeedALength) {
             "its length with --season");
   EXPECT_EQ(FaultOf(Request("arima(1,0,0)(0,0,0)"), SeriesOf(kYears), 1), "");
 }
+
 TEST(ArimaFault, GapsShiftSeasons) {
   const Series series = SeriesOf("date,y\n2000-01,5\n2000-02,6\n2000-04,7\n2000-05,5\n", true);
   EXPECT_EQ(FaultOf(Request("arima(1,0,0)(1,0,0)"), series),
@@ -191,6 +204,7 @@ TEST(ArimaFault, GapsShiftSeasons) {
             "leave --gaps out or choose a model without");
   EXPECT_EQ(FaultOf(Request("arima(1,0,0)"), series), "");
 }
+
 TEST(ArimaFault, LagsReachNoFurtherThanTheSeries) {
   const Series series = SeriesOf(kMonths);
   EXPECT_EQ(FaultOf(Request("arima(5,0,0)"), series), "");
@@ -207,28 +221,33 @@ TEST(ArimaFault, LagsReachNoFurtherThanTheSeries) {
   EXPECT_EQ(FaultOf(WithPredictor("x:den=7"), SeriesOf(kMonthsWithX)),
             "the model needs more than 7 cases, so far back do its lags reach; the series has 5");
 }
+
 TEST(ArimaFault, LongestSeasonsAndLagsAreWithinTheRangeOfTheSum) {
   EXPECT_EQ(FaultOf(Request("arima([1000],0,0)([1000],0,0)"), SeriesOf(kMonths), 1'000'000),
             "the model needs more than 1000001000 cases, so far back do its lags reach; the series "
             "has 6");
 }
+
 TEST(ArimaFault, PredictorHasAValueForEveryCase) {
   const ArimaFault fault = FindArimaFault(
       WithPredictor("x"), SeriesOf("date,y,x\n2000-01,5,1\n2000-02,6,\n2000-03,4,3\n"), 1, 0);
   EXPECT_EQ(fault.cause, "the predictor 'x' has no value at 2000-02, which lies within the series");
   EXPECT_EQ(fault.place, (Place{3, 11}));
 }
+
 TEST(ArimaFault, PredictorHasAValueForSkippedPeriodsToo) {
   const ArimaFault fault = FindArimaFault(
       WithPredictor("x"), SeriesOf("date,y,x\n2000-01,5,1\n2000-02,6,2\n2000-04,4,3\n"), 1, 0);
   EXPECT_EQ(fault.cause, "the predictor 'x' has no value at 2000-03, which the table skips");
   EXPECT_EQ(fault.place, (Place{4, 11}));
 }
+
 TEST(ArimaFault, PredictorNeedsNoValueBeforeTheSeriesBegins) {
   EXPECT_EQ(FaultOf(WithPredictor("x"), SeriesOf("date,y,x\n2000-01,,\n2000-02,6,2\n"
                                                  "2000-03,4,3\n")),
             "");
 }
+
 TEST(ArimaFault, FutureOfAPredictorIsInTheDomainOfItsTransformation) {
   const Series series = SeriesOf("date,y,x\n2000-01,5,1\n2000-02,6,2\n2000-03,,-3\n");
   const ArimaFault fault = FindArimaFault(WithPredictor("x:transform=log"), series, 1, 0);
@@ -251,6 +270,7 @@ TEST(ArimaHorizon, EndsWithTheKnownValuesOfThePredictor) {
             "--forecast 3 needs 3 values of the predictor 'x' after 2000-04, where the series "
             "ends; there are 2");
 }
+
 TEST(ArimaHorizon, IsBlamedOnTheFirstUnknownValueElseTheLastKnownOne) {
   const auto placeOf = [](std::string_view table) {
     return FindArimaFault(WithPredictor("x"), SeriesOf(table), 1, 3).place;
@@ -259,11 +279,13 @@ TEST(ArimaHorizon, IsBlamedOnTheFirstUnknownValueElseTheLastKnownOne) {
   EXPECT_EQ(placeOf("date,y,x\n2000-01,5,1\n2000-02,6,2\n2000-03,,1\n"), (Place{4, 10}));
   EXPECT_EQ(placeOf("date,y,x\n2000-01,5,1\n2000-02,6,2\n"), (Place{3, 11}));
 }
+
 TEST(ArimaHorizon, OfOnePeriodNeedsOneValue) {
   EXPECT_EQ(FaultOf(WithPredictor("x"), SeriesOf("date,y,x\n2000-01,5,1\n2000-02,6,2\n"), 1, 1),
             "--forecast 1 needs 1 value of the predictor 'x' after 2000-02, where the series ends; "
             "there are 0");
 }
+
 TEST(ArimaHorizon, IsLongerByTheDelay) {
   const Series series = SeriesOf(kTwoAhead);
   EXPECT_EQ(KnownHorizon(SpecOf(WithPredictor("x:delay=3"), series), series), 5U);
@@ -272,11 +294,13 @@ TEST(ArimaHorizon, IsLongerByTheDelay) {
             "--forecast 6 needs 3 values of the predictor 'x' after 2000-04, where the series "
             "ends; there are 2");
 }
+
 TEST(ArimaHorizon, HasNoEndWithoutPredictors) {
   const Series series = SeriesOf(kYears);
   EXPECT_EQ(KnownHorizon(SpecOf(Request("arima(0,1,1)"), series), series),
             std::numeric_limits<unsigned>::max());
 }
+
 TEST(ArimaHorizon, LastKnownValueStandsForThoseWithoutEffect) {
   using Values = std::vector<double>;
   EXPECT_EQ(FutureValues(SeriesOf(kTwoAhead), 4), (std::vector<Values>{{3, 4, 4, 4}}));
@@ -289,10 +313,12 @@ TEST(ArimaTitle, HasTheUsualNotation) {
   EXPECT_EQ(TitleOf("arima(2,0,1)", 12), "ARIMA(2,0,1)");
   EXPECT_EQ(TitleOf("arima(2,0,1)(0,0,0)", 12), "ARIMA(2,0,1)");
 }
+
 TEST(ArimaTitle, ListsLagsThatAreNoOrder) {
   EXPECT_EQ(TitleOf("arima([1,3],1,[1])", 1), "ARIMA([1,3],1,1)");
   EXPECT_EQ(TitleOf("arima([2],0,0)([2,3],0,[1,2])", 4), "ARIMA([2],0,0)([2,3],0,2)4");
 }
+
 TEST(ArimaTitle, TellsTransformationAndConstant) {
   EXPECT_EQ(TitleOf("arima(0,1,1)", 1, TSTransformation::kLogarithm),
             "ARIMA(0,1,1) of the logarithm");

@@ -55,6 +55,7 @@ TEST(ArimaSummary, CoefficientsAreNamedByTheirLags) {
                      "x seasonal denominator 12  0.2           0.9",
                      "signs of Box and Jenkins: 1 - phi B, 1 - theta B, omega0 - omega1 B"}));
 }
+
 TEST(ArimaSummary, UndefinedErrorsAndLeftOutCoefficientsAreTold) {
   AMModelSpec::Fields spec;
   spec.has_constant = true;
@@ -65,15 +66,18 @@ TEST(ArimaSummary, UndefinedErrorsAndLeftOutCoefficientsAreTold) {
   EXPECT_EQ(texts[1], "constant  left out: the data cannot tell it from the others");
   EXPECT_EQ(texts[2], "MA 1      1             undefined");
 }
+
 TEST(ArimaSummary, ErrorsMayBeFewerThanEstimates) {
   AMModelSpec::Fields spec;
   spec.ma.non_seasonal = {1};
   EXPECT_EQ(CoefficientTexts(StateOf(spec, {0.5}, {}), TestSeries())[1],
             "MA 1  0.5           undefined");
 }
+
 TEST(ArimaSummary, ModelWithoutCoefficientsHasNoTable) {
   EXPECT_EQ(CoefficientTexts(StateOf({.non_seasonal_diff = 1}, {}, {}), TestSeries()), Strings{});
 }
+
 TEST(ArimaSummary, PredictorsTellHowTheyEnter) {
   AMModelSpec::Fields spec;
   spec.predictors = {{}};
@@ -86,6 +90,7 @@ TEST(ArimaSummary, PredictorsTellHowTheyEnter) {
             Strings{"logarithm of x, delayed by 2, differenced once, seasonally differenced "
                     "3 times"});
 }
+
 TEST(ArimaSummary, OutliersTellTypeTimeAndSize) {
   AMModelSpec::Fields spec;
   spec.ma.non_seasonal = {1};
@@ -98,12 +103,14 @@ TEST(ArimaSummary, OutliersTellTypeTimeAndSize) {
                      "transient from 2000-03: 3 (s.e. 0.5), decay 0.7 (s.e. 0.05)",
                      "additive at 2000-04: 1 (s.e. undefined)"}));
 }
+
 TEST(ArimaSummary, OutliersCountFromTheFirstCaseOfTheFit) {
   AMModelSpec::Fields spec;
   spec.outliers = TSOutlierSpecList({{TSOutlierSpec::kInnovational, 1}});
   EXPECT_EQ(OutlierTexts(StateOf(spec, {2}, {1}), TestSeries(), 2),
             Strings{"innovational at 2000-04: 2 (s.e. 1)"});
 }
+
 TEST(ArimaSummary, MethodIsToldByTheState) {
   EXPECT_EQ(ArimaMethodText(ARMAMLForecastState()), "exact maximum likelihood");
   EXPECT_EQ(ArimaMethodText(ARMAMLSpForecastState()),
@@ -136,6 +143,7 @@ TEST(ArimaSummary, FitThatDidNotConvergeIsToldInBothForms) {
             "table: ARIMA(1,0,0) with a constant; the search did not converge: the estimates are "
             "the best that were found\n");
 }
+
 TEST(ArimaSummary, FitThatConvergedIsNoMatterForWarning) {
   const auto [text, line] = SummaryOf(true);
   EXPECT_EQ(text.find("converge"), std::string::npos);

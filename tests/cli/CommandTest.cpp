@@ -87,11 +87,13 @@ TEST(FitCommand, WithoutAnOutputASummaryIsPrinted) {
   EXPECT_NE(outcome.out.find("lowest normalised BIC of 4 kinds"), std::string::npos);
   EXPECT_EQ(box.Files(), Strings{"nile.csv"});
 }
+
 TEST(FitCommand, SummaryOfAKindAskedForGivesNoReason) {
   const Sandbox box;
   box.PutData("nile.csv");
   EXPECT_EQ(box.Run("fit nile.csv --model simple").out.find("BIC of"), std::string::npos);
 }
+
 TEST(FitCommand, WithAnOutputTheChoiceIsStillTold) {
   const Sandbox box;
   box.PutData("nile.csv");
@@ -127,6 +129,7 @@ TEST(Croston, DocumentIsTheOneWorkedByHand) {
   ASSERT_NE(model, std::string::npos) << outcome.out;
   test::ExpectGolden("cli/golden/croston.xml", outcome.out.substr(model));
 }
+
 TEST(Croston, TransformationIsToldAndTheSubmodelsAreThree) {
   const Sandbox box;
   box.PutData("intermittent_a.csv");
@@ -137,6 +140,7 @@ TEST(Croston, TransformationIsToldAndTheSubmodelsAreThree) {
   EXPECT_EQ(Attributes(document, "//EstimationInfo/@periodLength"), Strings{"120"});
   EXPECT_EQ(Attributes(document, "//EstimationInfo/@degreesOfFreedom"), Strings{"118"});
 }
+
 TEST(Croston, IsChosenForIntermittentDemandAndTheReasonTold) {
   const Sandbox box;
   box.PutData("intermittent_b.csv");
@@ -144,6 +148,7 @@ TEST(Croston, IsChosenForIntermittentDemandAndTheReasonTold) {
             "intermittent_b: croston (intermittent demand: 135 of 150 cases are zero and none is "
             "negative; not compared with smoothing)\nwrote m.xml (1 model)\n");
 }
+
 TEST(Croston, SummaryTellsWhatTheLevelsMean) {
   const Sandbox box;
   box.Put("part.csv", "date,sold\n2000-01,0\n2000-02,0\n2000-03,6\n2000-04,0\n");
@@ -160,6 +165,7 @@ TEST(Croston, SummaryTellsWhatTheLevelsMean) {
   EXPECT_EQ(lines[7],
             "  state       a demand of 6 every 3 periods: 2 a period; mean absolute error 2.18");
 }
+
 TEST(Croston, ForecastsAreTheRateForEveryPeriod) {
   const Sandbox box;
   box.Put("part.csv", "date,sold\n2000-01,0\n2000-02,0\n2000-03,6\n2000-04,0\n");
@@ -168,6 +174,7 @@ TEST(Croston, ForecastsAreTheRateForEveryPeriod) {
   EXPECT_TRUE(lines[1].starts_with("part,2000-05,2,0,")) << lines[1];
   EXPECT_TRUE(lines[2].starts_with("part,2000-06,2,0,")) << lines[2];
 }
+
 TEST(Croston, IsDrawn) {
   const Sandbox box;
   box.PutData("intermittent_a.csv");
@@ -175,6 +182,7 @@ TEST(Croston, IsDrawn) {
   test::ExpectWellFormed(box.Content("a.svg"));
   EXPECT_NE(box.Content("a.svg").find("Croston's method</text>"), std::string::npos);
 }
+
 TEST(Croston, StandsBesideSmoothingInOneDocument) {
   const Sandbox box;
   box.PutData("seatbelts.csv");
@@ -194,6 +202,7 @@ TEST(Pmml, DocumentIsTheOneWorkedByHand) {
   ASSERT_NE(dictionary, std::string::npos) << outcome.out;
   test::ExpectGolden("cli/golden/simple.pmml", outcome.out.substr(dictionary));
 }
+
 TEST(Pmml, IsWrittenForEveryKindOfSmoothing) {
   const Sandbox box;
   box.PutData("airpassengers.csv");
@@ -208,6 +217,7 @@ TEST(Pmml, IsWrittenForEveryKindOfSmoothing) {
     EXPECT_EQ(Attributes(document, "//DataField/@name"), (Strings{"value", "Month"}));
   }
 }
+
 TEST(Pmml, ChoosesAmongKindsOfSmoothing) {
   const Sandbox box;
   box.PutData("nile.csv");
@@ -216,6 +226,7 @@ TEST(Pmml, ChoosesAmongKindsOfSmoothing) {
   EXPECT_NE(outcome.out.find("lowest normalised BIC of 4 kinds"), std::string::npos);
   EXPECT_TRUE(Parsed(box.Content("m.pmml")).child("PMML"));
 }
+
 TEST(Pmml, RefusesWhatItHasNoPlaceForAndWritesNothing) {
   const std::string end = ", so its readers would forecast wrongly; use --format tscxml";
   const Sandbox box;
@@ -237,6 +248,7 @@ TEST(Pmml, RefusesWhatItHasNoPlaceForAndWritesNothing) {
                 end + " or name a --model (series \"intermittent_a\")");
   EXPECT_EQ(box.Content("m.pmml"), "old");
 }
+
 TEST(Pmml, SkippedPeriodIsAMissingValueUnlessItIsAGap) {
   const Sandbox box;
   box.Put("sales.csv", "date,v\n2000-01,5\n2000-02,6\n2000-04,4\n2000-05,5\n2000-06,7\n");
@@ -248,6 +260,7 @@ TEST(Pmml, SkippedPeriodIsAMissingValueUnlessItIsAGap) {
   EXPECT_EQ(gap.status, 0) << gap.err;
   EXPECT_EQ(Parsed(gap.out).select_nodes("//TimeValue").size(), 5U);
 }
+
 TEST(Pmml, EverySeriesIsLookedAt) {
   const Sandbox box;
   box.Put("sales.csv",
@@ -257,6 +270,7 @@ TEST(Pmml, EverySeriesIsLookedAt) {
             "for that, so its readers would forecast wrongly; use --format tscxml (series "
             "\"sales/b\")");
 }
+
 TEST(Pmml, SeriesShareADocument) {
   const Sandbox box;
   box.PutData("seatbelts.csv");
@@ -268,6 +282,7 @@ TEST(Pmml, SeriesShareADocument) {
             (Strings{"seatbelts/kms", "seatbelts/drivers"}));
   EXPECT_EQ(Attributes(document, "//DataField/@name"), (Strings{"drivers", "Month"}));
 }
+
 TEST(Pmml, HopelessSeriesIsNoReasonToRefuseTheOthers) {
   const Sandbox box;
   box.Put("sales.csv",
@@ -277,6 +292,7 @@ TEST(Pmml, HopelessSeriesIsNoReasonToRefuseTheOthers) {
   EXPECT_EQ(outcome.status, 3) << outcome.err;
   EXPECT_EQ(Attributes(Parsed(outcome.out), "//TimeSeriesModel/@modelName"), Strings{"sales/b"});
 }
+
 TEST(Pmml, KindAskedForIsTakenForIntermittentDemandToo) {
   const Sandbox box;
   box.PutData("intermittent_a.csv");
@@ -297,6 +313,7 @@ TEST(Variables, AllColumnsOfNumbersAreModelsOfOneCalendar) {
   EXPECT_EQ(Attributes(document, "//ExpSmoothingModel/@dateSpecID"), Strings(4, "1"));
   EXPECT_EQ(Attributes(document, "//DateSpecification/@dateSpecID"), Strings{"1"});
 }
+
 TEST(Variables, ThoseAskedForAreTakenInOrder) {
   const Sandbox box;
   box.PutData("seatbelts.csv");
@@ -305,6 +322,7 @@ TEST(Variables, ThoseAskedForAreTakenInOrder) {
   EXPECT_EQ(Attributes(Parsed(outcome.out), "//ExpSmoothingModel/@variableID"),
             (Strings{"kms", "drivers"}));
 }
+
 TEST(Variables, LongTableSharesCalendarsOfSeriesThatStartTogether) {
   std::string table = "shop,date,sales\n";
   for (const auto& [shop, first] :
@@ -344,6 +362,7 @@ TEST(Season, OtherThanTheCalendarsIsForced) {
   EXPECT_EQ(Attributes(document, "//Periods/@forcedSeasonLength"), Strings{"6"});
   EXPECT_EQ(Attributes(document, "//ESAdditiveWinters/@seasonLength"), Strings{"6"});
 }
+
 TEST(Season, ThatOfTheCalendarIsNotForced) {
   const Sandbox box;
   box.Put("sales.csv", MonthlyTable(48));
@@ -369,6 +388,7 @@ TEST(Gaps, SkippedMonthIsAMissingValueUnlessGapsAreAskedFor) {
   EXPECT_EQ(Attributes(Parsed(gap.out), "//EstimationInfo/@periodLength"), Strings{"35"});
   EXPECT_NE(box.Run("fit sales.csv --gaps").out.find("35 cases, 1 gap\n"), std::string::npos);
 }
+
 TEST(Gaps, SeasonalModelTakesNone) {
   Strings lines = Lines(MonthlyTable(36));
   lines.erase(lines.begin() + 21);
@@ -378,6 +398,7 @@ TEST(Gaps, SeasonalModelTakesNone) {
             "tsxport: sales.csv:2:9: winters-additive has seasons, which gaps would shift; leave "
             "--gaps out or choose a model without (series \"sales\")");
 }
+
 TEST(Gaps, RunningNumbersHaveNone) {
   EXPECT_EQ(ComplaintAbout("n,value\n1,5\n2,6\n4,5\n5,7\n6,8\n", "--gaps"),
             "tsxport: --gaps: running numbers have no gaps; without it, skipped numbers become "
@@ -400,6 +421,7 @@ TEST(FirstCaseDay, IsWrittenOnRequestOnlyAndBreaksWellFormedness) {
             std::string::npos)
       << with.out;
 }
+
 TEST(FirstCaseDay, NeedsDays) {
   EXPECT_EQ(ComplaintAbout(MonthlyTable(20), "--first-case-day"),
             "tsxport: --first-case-day: the calendar of 'sales' (monthly) has no days");
@@ -417,6 +439,7 @@ TEST(Forecast, IsCsvOnStandardOutputAndTheSummaryMovesAway) {
   EXPECT_TRUE(lines[14].starts_with("airpassengers,1962-02,")) << lines[14];
   EXPECT_NE(outcome.err.find("Holt's linear trend"), std::string::npos);
 }
+
 TEST(Forecast, LimitsLieAroundTheForecast) {
   const Sandbox box;
   box.PutData("nile.csv");
@@ -430,6 +453,7 @@ TEST(Forecast, LimitsLieAroundTheForecast) {
     EXPECT_GT(std::stod(cells[4]), std::stod(cells[2]));
   }
 }
+
 TEST(Forecast, GoesOnOverWeekends) {
   const Sandbox box;
   std::string table = "date,value\n";
@@ -499,22 +523,26 @@ TEST(HopelessSeries, IsNamedAndTheOthersAreWritten) {
   EXPECT_EQ(Attributes(Parsed(box.Content("m.xml")), "//ExpSmoothingModel/@modelName"),
             Strings{"sales/b"});
 }
+
 TEST(HopelessSeries, AloneIsBadInput) {
   EXPECT_EQ(
       ComplaintAbout("date,value\n2000-01,5\n2000-02,6\n"),
       "tsxport: sales.csv:2:9: the model needs 3 cases that are not missing, the series has 2 "
       "(series \"sales\")");
 }
+
 TEST(HopelessSeries, AllOfThemAreOneLine) {
   EXPECT_EQ(
       ComplaintAbout("date,a,b\n2000-01,5,1\n2000-02,6,2\n"),
       "tsxport: sales.csv:2:9: the model needs 3 cases that are not missing, the series has 2 "
       "(series \"sales/a\"); none of the 2 series can be fitted");
 }
+
 TEST(HopelessSeries, NegativeValueUnderTheLogarithm) {
   EXPECT_EQ(ComplaintAbout(MonthlyTable(30, {{4, "-3"}}), "--transform log"),
             "tsxport: sales.csv:6:9: -3: the logarithm needs values above 0 (series \"sales\")");
 }
+
 TEST(HopelessSeries, TimesWithoutARegularStep) {
   EXPECT_EQ(ComplaintAbout("n,value\n1,5\n2,6\n3,5\n1000,7\n"),
             "tsxport: sales.csv:2:3: the times follow no regular step: the 4 times there are would "
@@ -525,43 +553,53 @@ TEST(BadInput, WordAmongNumbers) {
   EXPECT_EQ(ComplaintAbout(MonthlyTable(20, {{15, "twelve"}})),
             "tsxport: sales.csv:17:9: 'twelve' is not a number (column \"value\")");
 }
+
 TEST(BadInput, InfinityAmongNumbers) {
   EXPECT_EQ(ComplaintAbout(MonthlyTable(20, {{0, "inf"}})),
             "tsxport: sales.csv:2:9: 'inf' is not a number (column \"value\")");
 }
+
 TEST(BadInput, ImpossibleTime) {
   EXPECT_EQ(ComplaintAbout("date,value\n1999-12,5\n1999-13,6\n"),
             "tsxport: sales.csv:3:1: '1999-13': there is no month 13");
 }
+
 TEST(BadInput, RepeatedTime) {
   EXPECT_EQ(ComplaintAbout("date,value\n1999-12,5\n1999-12,6\n"),
             "tsxport: sales.csv:3:1: '1999-12' repeats the time '1999-12' of line 2");
 }
+
 TEST(BadInput, RaggedLine) {
   EXPECT_EQ(ComplaintAbout("date,value\n1999-12,5,7\n"),
             "tsxport: sales.csv:2:11: the line has 3 cells, the header has 2");
 }
+
 TEST(BadInput, NulByte) {
   EXPECT_EQ(ComplaintAbout(std::string("date,value\n1999-12,\0", 20)),
             "tsxport: sales.csv:2:9: there is a NUL byte");
 }
+
 TEST(BadInput, MissingFile) {
   const Sandbox box;
   EXPECT_EQ(Complaint(box, "fit none.csv"),
             "tsxport: none.csv: cannot be read: No such file or directory");
 }
+
 TEST(BadInput, UnknownVariable) {
   EXPECT_EQ(ComplaintAbout(MonthlyTable(20), "--variable sales"),
             "tsxport: --variable: sales.csv has no column 'sales'; it has date, value");
 }
+
 TEST(BadInput, UnknownOption) {
   EXPECT_NE(ComplaintAbout(MonthlyTable(20), "--seasons 12").find("--seasons"), std::string::npos);
 }
+
 TEST(BadInput, FileNameWithALineEndStaysOnOneLine) {
   const Sandbox box;
   EXPECT_EQ(Complaint(box, "fit 'a\nb.csv'"),
             "tsxport: a?b.csv: cannot be read: No such file or directory");
 }
+
 TEST(BadInput, LeavesAnExistingOutputAlone) {
   const Sandbox box;
   box.Put("sales.csv", MonthlyTable(20, {{15, "twelve"}}));
@@ -592,6 +630,7 @@ TEST(Outputs, MustNotFallOnTheInputOrOnEachOther) {
             "tsxport: --plot: 'a' is the file of -o");
   EXPECT_EQ(box.Content("sales.csv"), MonthlyTable(20));
 }
+
 TEST(Outputs, MustNotFallOnEachOtherUnderTwoNames) {
   const Sandbox box;
   box.Put("sales.csv", MonthlyTable(20));
@@ -602,6 +641,7 @@ TEST(Outputs, MustNotFallOnEachOtherUnderTwoNames) {
             "tsxport: --plot: 'a' is the file of -o");
   EXPECT_FALSE(box.Has("a"));
 }
+
 TEST(Outputs, FullDeviceEndsWithStatusOne) {
   const Sandbox box;
   box.Put("sales.csv", MonthlyTable(20));
@@ -612,6 +652,7 @@ TEST(Outputs, FullDeviceEndsWithStatusOne) {
   EXPECT_EQ(standard.status, 1);
   EXPECT_EQ(standard.err, "tsxport: standard output: cannot be written\n");
 }
+
 TEST(Outputs, NothingIsHalfWrittenWhenOneOfTwoFails) {
   const Sandbox box;
   box.Put("sales.csv", MonthlyTable(20));
@@ -637,6 +678,7 @@ TEST(Outputs, NothingIsHalfWrittenWhenASignalEndsTheCommand) {
   EXPECT_EQ(box.Content("p.svg"), "old");
   EXPECT_EQ(box.Files(), (Strings{"p.svg", "pipe", "sales.csv"}));
 }
+
 TEST(Outputs, FileThatGrowsPastALimitIsToldLikeAFullDisk) {
   const Sandbox box;
   box.Put("sales.csv", MonthlyTable(20));
@@ -657,6 +699,7 @@ TEST(Pages, HelpAndVersionGoToStandardOutput) {
     EXPECT_EQ(outcome.err, "");
   }
 }
+
 TEST(Pages, NoSubcommandIsAnError) {
   const Sandbox box;
   EXPECT_NE(Complaint(box, "").find("--help"), std::string::npos);

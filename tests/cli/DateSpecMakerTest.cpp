@@ -23,15 +23,18 @@ TEST(DateSpecMaker, MonthlyAxisIsYearsAndMonths) {
   EXPECT_EQ(spec.ForcedSeasonLength(), 0U);
   EXPECT_EQ(spec.GapCount(), 0U);
 }
+
 TEST(DateSpecMaker, SeasonOfTheCalendarIsNotForced) {
   EXPECT_EQ(
       MakeDateSpec(AxisOf(Times("1949-03", 1, 24)), {.season_length = 12}).ForcedSeasonLength(),
       0U);
 }
+
 TEST(DateSpecMaker, AnotherSeasonIsForced) {
   EXPECT_EQ(
       MakeDateSpec(AxisOf(Times("1949-03", 1, 24)), {.season_length = 6}).ForcedSeasonLength(), 6U);
 }
+
 TEST(DateSpecMaker, SkippedCasesBecomeGapsOnRequest) {
   const DateAxis axis = AxisOf({"1949-11", "1949-12", "1950-02", "1950-05"});
   EXPECT_EQ(MakeDateSpec(axis, {}).GapCount(), 0U);
@@ -40,6 +43,7 @@ TEST(DateSpecMaker, SkippedCasesBecomeGapsOnRequest) {
   EXPECT_EQ(spec.GapIndex(0).GetIndexes(), (std::vector<unsigned>{1950, 0}));
   EXPECT_EQ(spec.GapIndex(2).GetIndexes(), (std::vector<unsigned>{1950, 3}));
 }
+
 TEST(DateSpecMaker, FirstCaseDayIsSetOnRequestOnly) {
   const DateAxis axis = AxisOf(Times("2020-01-06", 1, 10));
   unsigned day = 9;

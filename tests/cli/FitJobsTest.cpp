@@ -28,10 +28,12 @@ TEST(FitJobs, EachJobIsDoneOnceWhateverTheNumberOfThreads) {
     EXPECT_EQ(done, 100) << threads;
   }
 }
+
 TEST(FitJobs, NoJobsAreNoWork) {
   RunJobs(
       0, 4, [](std::size_t) { FAIL(); }, [] { FAIL(); });
 }
+
 TEST(FitJobs, FailureOfTheLowestJobComesOut) {
   const auto job = [](std::size_t i) {
     if (i >= 3) throw std::runtime_error(std::to_string(i));
@@ -43,6 +45,7 @@ TEST(FitJobs, FailureOfTheLowestJobComesOut) {
     EXPECT_STREQ(error.what(), "3");
   }
 }
+
 TEST(FitJobs, AfterAFailureNoJobsAreBegun) {
   std::atomic<int> begun{0};
   const auto job = [&begun](std::size_t) {
@@ -99,6 +102,7 @@ TEST(Progress, BarShowsUpOnATerminalAndIsWipedOut) {
   }
   EXPECT_EQ(screen.Text(), "\r" + ProgressText(0, 2) + "\r" + ProgressText(1, 2) + "\r\x1b[K");
 }
+
 TEST(Progress, WorkThatIsQuicklyDoneNeedsNoBar) {
   std::ostringstream out;
   {
@@ -108,6 +112,7 @@ TEST(Progress, WorkThatIsQuicklyDoneNeedsNoBar) {
   }
   EXPECT_EQ(out.str(), "");
 }
+
 TEST(Progress, NothingIsDrawnElsewhere) {
   std::ostringstream out;
   {

@@ -46,6 +46,7 @@ TEST(ModelChoice, AllKindsAreTriedOnAPositiveSeasonalSeries) {
   const Series series = Monthly(Seasons(60, 100));
   EXPECT_EQ(Tried(FitSeries(series, {})).size(), 7U);
 }
+
 TEST(ModelChoice, LowestNormalisedBicWins) {
   const Series series = Monthly(Seasons(60, 100));
   const FittedSeries fitted = FitSeries(series, {});
@@ -53,6 +54,7 @@ TEST(ModelChoice, LowestNormalisedBicWins) {
     EXPECT_GE(candidate.bic, fitted.model.GetGOFStat("NRMBIC")) << candidate.kind->option;
   }
 }
+
 TEST(ModelChoice, NoMultiplicativeSeasonsWhereAValueIsNotPositive) {
   const Series series = Monthly(Seasons(60, 0));
   const FittedSeries fitted = FitSeries(series, {});
@@ -60,6 +62,7 @@ TEST(ModelChoice, NoMultiplicativeSeasonsWhereAValueIsNotPositive) {
   EXPECT_TRUE(WasFitted(fitted, "winters-additive"));
   ASSERT_NE(fitted.kind, nullptr);
 }
+
 TEST(ModelChoice, NoMultiplicativeSeasonsOfATransformedSeries) {
   const Series series = Monthly(Seasons(60, 100));
   const FittedSeries fitted = FitSeries(
@@ -67,15 +70,18 @@ TEST(ModelChoice, NoMultiplicativeSeasonsOfATransformedSeries) {
   EXPECT_FALSE(WasFitted(fitted, "winters-multiplicative"));
   EXPECT_EQ(fitted.candidates.size(), 6U);
 }
+
 TEST(ModelChoice, NoSeasonsInASeriesOfLessThanTwo) {
   const Series series = Monthly(Seasons(20, 100));
   const FittedSeries fitted = FitSeries(series, {});
   EXPECT_EQ(Tried(fitted), (std::vector<std::string>{"simple", "brown", "holt", "damped-trend"}));
 }
+
 TEST(ModelChoice, SeasonOfOneMeansNoSeasons) {
   const Series series = Monthly(Seasons(60, 100));
   EXPECT_EQ(FitSeries(series, {.kind = nullptr, .season_length = 1}).candidates.size(), 4U);
 }
+
 TEST(ModelChoice, PerfectFitsRankFirstAndTheSimplestOfThemWins) {
   const Series series = Monthly(std::vector<double>(40, 5));
   const FittedSeries fitted = FitSeries(series, {});
@@ -83,11 +89,13 @@ TEST(ModelChoice, PerfectFitsRankFirstAndTheSimplestOfThemWins) {
   EXPECT_STREQ(fitted.kind->option, "simple");
   EXPECT_EQ(ReasonForChoice(fitted), "fits without error, the simplest of 7 kinds to do so");
 }
+
 TEST(ModelChoice, KindAskedForIsTheOnlyOneTried) {
   const Series series = Monthly(Seasons(60, 100));
   const FittedSeries fitted = FitSeries(series, {.kind = FindKind("holt")});
   EXPECT_EQ(Tried(fitted), std::vector<std::string>{"holt"});
 }
+
 TEST(ModelChoice, ReasonNamesTheRunnerUp) {
   const KindInfo* simple = FindKind("simple");
   const KindInfo* holt = FindKind("holt");
@@ -98,6 +106,7 @@ TEST(ModelChoice, ReasonNamesTheRunnerUp) {
   EXPECT_EQ(ReasonForChoice(fitted),
             "lowest normalised BIC of 2 kinds, 1.250; next simple with 2.500");
 }
+
 TEST(ModelChoice, ReasonForALoneKind) {
   FittedSeries fitted;
   fitted.candidates = {{FindKind("simple"), true, "", {}, 2.5}};
@@ -115,6 +124,7 @@ TEST(Intermittent, ThreeTenthsOfZerosAreEnough) {
   EXPECT_TRUE(CountZeros(Monthly(WithZeros(3))).intermittent);
   EXPECT_FALSE(CountZeros(Monthly(WithZeros(2))).intermittent);
 }
+
 TEST(Intermittent, MissingCasesDoNotCount) {
   std::vector<double> values = WithZeros(3);
   values.push_back(5);
@@ -126,16 +136,19 @@ TEST(Intermittent, MissingCasesDoNotCount) {
   EXPECT_EQ(count.cases, 10U);
   EXPECT_EQ(count.zeros, 3U);
 }
+
 TEST(Intermittent, NegativeCasesSpeakAgainstIt) {
   std::vector<double> values = WithZeros(6);
   values.back() = -1;
   EXPECT_FALSE(CountZeros(Monthly(values)).intermittent);
 }
+
 TEST(Intermittent, ThereIsNoDemandWhereAllIsZero) {
   const Series series = Monthly(WithZeros(10));
   EXPECT_FALSE(CountZeros(series).intermittent);
   EXPECT_STREQ(FitSeries(series, {}).kind->option, "simple");
 }
+
 TEST(Intermittent, GetsCrostonsMethodWithoutAComparison) {
   const Series series = Monthly(WithZeros(4));
   const FittedSeries fitted = FitSeries(series, {});
@@ -146,6 +159,7 @@ TEST(Intermittent, GetsCrostonsMethodWithoutAComparison) {
             "intermittent demand: 4 of 10 cases are zero and none is negative; not compared with "
             "smoothing");
 }
+
 TEST(Intermittent, KindAskedForIsTaken) {
   const Series series = Monthly(WithZeros(4));
   EXPECT_EQ(Tried(FitSeries(series, {.kind = FindKind("holt")})), std::vector<std::string>{"holt"});
@@ -153,6 +167,7 @@ TEST(Intermittent, KindAskedForIsTaken) {
   EXPECT_EQ(Tried(FitSeries(busy, {.kind = FindKind("croston")})),
             std::vector<std::string>{"croston"});
 }
+
 TEST(Intermittent, SizesAreTransformedAlthoughZeroHasNoLogarithm) {
   const Series series = Monthly(WithZeros(4));
   const FittedSeries fitted = FitSeries(
@@ -170,12 +185,14 @@ TEST(HopelessSeries, NegativeDemandIsBlamed) {
   EXPECT_EQ(fitted.fault, "-2: Croston's method needs values of at least 0");
   EXPECT_EQ(fitted.fault_place, (Place{8, 9}));
 }
+
 TEST(HopelessSeries, NoDemandForCrostonsMethod) {
   const Series series = Monthly(WithZeros(10));
   const FittedSeries fitted = FitSeries(series, {.kind = FindKind("croston")});
   EXPECT_EQ(fitted.fault, "the series has no demand: no value is above 0");
   EXPECT_EQ(fitted.fault_place, (Place{2, 9}));
 }
+
 TEST(HopelessSeries, ValueThatHasNoLogarithmIsBlamed) {
   std::vector<double> values = Seasons(40, 100);
   values[7] = 0;
@@ -187,6 +204,7 @@ TEST(HopelessSeries, ValueThatHasNoLogarithmIsBlamed) {
   EXPECT_EQ(fitted.fault, "0: the logarithm needs values above 0");
   EXPECT_EQ(fitted.fault_place, (Place{9, 9}));
 }
+
 TEST(HopelessSeries, ValueThatHasNoSquareRootIsBlamed) {
   std::vector<double> values = Seasons(40, 100);
   values[7] = -1;
@@ -196,6 +214,7 @@ TEST(HopelessSeries, ValueThatHasNoSquareRootIsBlamed) {
       {.kind = nullptr, .season_length = 0, .function_type = TSTransformation::kSquareRoot});
   EXPECT_EQ(fitted.fault, "-1: the square root needs values of at least 0");
 }
+
 TEST(HopelessSeries, TooShortASeriesIsBlamedAtItsFirstValue) {
   const Series series = Monthly({1, 2});
   const FittedSeries fitted = FitSeries(series, {});
@@ -203,6 +222,7 @@ TEST(HopelessSeries, TooShortASeriesIsBlamedAtItsFirstValue) {
   EXPECT_EQ(fitted.fault, "the model needs 3 cases that are not missing, the series has 2");
   EXPECT_EQ(fitted.fault_place, (Place{2, 9}));
 }
+
 TEST(HopelessSeries, SeasonsWithoutACalendarThatHasThem) {
   const Series series = ReadSeries(Table("year,y\n1871,3\n1872,4\n1873,3\n"), {}).front();
   const FittedSeries fitted = FitSeries(series, {.kind = FindKind("winters-additive")});
@@ -210,6 +230,7 @@ TEST(HopelessSeries, SeasonsWithoutACalendarThatHasThem) {
             "winters-additive needs a season, and yearly times have none; give its length with "
             "--season");
 }
+
 TEST(HopelessSeries, SeasonsWithGaps) {
   std::string text = "date,y\n";
   for (int i = 0; i < 40; ++i) {

@@ -35,6 +35,7 @@ TEST(Options, DefaultsChooseAKindAndWriteNothing) {
   EXPECT_FALSE(options.gaps);
   EXPECT_FALSE(options.first_case_day);
 }
+
 TEST(Options, EveryOptionIsTaken) {
   const FitOptions options = Fit({"--model",      "holt",
                                   "--season",     "7",
@@ -65,6 +66,7 @@ TEST(Options, EveryOptionIsTaken) {
   EXPECT_TRUE(options.first_case_day);
   EXPECT_EQ(options.output, "m.xml");
 }
+
 TEST(Options, EveryKindHasItsName) {
   const std::pair<const char*, int> kinds[] = {
       {"simple", ESModelSpec::kSimple},
@@ -76,9 +78,11 @@ TEST(Options, EveryKindHasItsName) {
       {"winters-multiplicative", ESModelSpec::kMultiplicativeWinters}};
   for (const auto& [name, kind] : kinds) EXPECT_EQ(Fit({"--model", name}).model.kind->kind, kind);
 }
+
 TEST(Options, CrostonIsAKindToo) {
   EXPECT_EQ(Fit({"--model", "croston"}).model.kind, &CrostonKind());
 }
+
 TEST(Options, ArimaWithAllItsOptions) {
   const FitOptions options =
       Fit({"--model", "arima([1,3],1,0)(0,1,1)", "--method", "cls", "--predictor", "lead:delay=3",
@@ -98,6 +102,7 @@ TEST(Options, ArimaWithAllItsOptions) {
   EXPECT_EQ(arima.constant, true);
   EXPECT_EQ(options.model.horizon, 3U);
 }
+
 TEST(Options, ArimaDefaults) {
   const FitOptions options = Fit({"--model", "arima(0,1,1)"});
   EXPECT_EQ(options.model.arima.method, tsffit::ArimaMethod::kMl);
@@ -105,17 +110,20 @@ TEST(Options, ArimaDefaults) {
   EXPECT_FALSE(options.model.arima.detect_outliers);
   EXPECT_EQ(Fit({"--model", "arima(0,1,1)", "--no-constant"}).model.arima.constant, false);
 }
+
 TEST(Options, AutoArimaLeavesTheOrdersOpen) {
   const FitOptions options = Fit({"--model", "auto-arima", "--predictor", "x"});
   EXPECT_EQ(options.model.kind, &ArimaKind());
   EXPECT_TRUE(options.model.arima.automatic);
   EXPECT_TRUE(LeavesChoice(options.model));
 }
+
 TEST(Options, PredictorDoesNotSwallowTheFile) {
   const auto invocation =
       ParseCommandLine({"fit", "--model", "arima(0,1,1)", "--predictor", "x", "a.csv"});
   EXPECT_EQ(invocation.fit->input, "a.csv");
 }
+
 TEST(Options, PmmlHasNoPlaceForArima) {
   for (const char* model : {"arima(0,1,1)", "auto-arima"}) {
     EXPECT_EQ(FitError({"--format", "pmml", "--model", model}),
@@ -123,11 +131,13 @@ TEST(Options, PmmlHasNoPlaceForArima) {
               "the name; use --format tscxml");
   }
 }
+
 TEST(Options, FormatIsTscxmlOrPmml) {
   EXPECT_EQ(Fit({"--format", "tscxml"}).format, DocumentFormat::kTscxml);
   EXPECT_EQ(Fit({"--format", "pmml"}).format, DocumentFormat::kPmml);
   EXPECT_EQ(FitError({"--format", "xml"}), "--format: 'xml' is none of tscxml, pmml");
 }
+
 TEST(Options, PmmlHasNoPlaceForCrostonOrATransformation) {
   EXPECT_EQ(FitError({"--format", "pmml", "--model", "croston"}),
             "--model croston: --format pmml has no place for it, so its readers would forecast "
@@ -139,11 +149,13 @@ TEST(Options, PmmlHasNoPlaceForCrostonOrATransformation) {
   }
   EXPECT_EQ(Fit({"--transform", "none", "--format", "pmml"}).format, DocumentFormat::kPmml);
 }
+
 TEST(Options, VariableDoesNotSwallowTheFile) {
   const auto invocation = ParseCommandLine({"fit", "--variable", "x", "a.csv"});
   EXPECT_EQ(invocation.fit->input, "a.csv");
   EXPECT_EQ(invocation.fit->columns.variables, Arguments{"x"});
 }
+
 TEST(Options, NumbersAreDecimal) { EXPECT_EQ(Fit({"--season", "012"}).model.season_length, 12U); }
 
 TEST(OptionsError, CountsAreWholeNumbersWithinBounds) {
@@ -156,6 +168,7 @@ TEST(OptionsError, CountsAreWholeNumbersWithinBounds) {
     }
   }
 }
+
 TEST(OptionsError, EmptyValuesAreNoValues) {
   for (const char* option : {"--variable", "--id", "--time", "--model", "--season", "--transform",
                              "--format", "--name", "--forecast", "--plot", "--jobs"}) {
@@ -164,6 +177,7 @@ TEST(OptionsError, EmptyValuesAreNoValues) {
   EXPECT_EQ(FitError({"-o", ""}), "--output: the value is empty");
   EXPECT_EQ(ErrorOf([] { ParseCommandLine({"fit", ""}); }), "SERIES.csv: the value is empty");
 }
+
 TEST(Options, DescriptorMayBeEmpty) { EXPECT_EQ(Fit({"--descriptor", ""}).descriptor, ""); }
 TEST(OptionsError, UnknownValues) {
   EXPECT_EQ(FitError({"--model", "arima"}),
@@ -172,10 +186,12 @@ TEST(OptionsError, UnknownValues) {
             "arima(p,d,q)(P,D,Q), auto-arima");
   EXPECT_EQ(FitError({"--transform", "cube"}), "--transform: 'cube' is none of none, log, sqrt");
 }
+
 TEST(OptionsError, UnknownOptionsAreNamed) {
   EXPECT_NE(FitError({"--modell", "simple"}).find("--modell"), std::string::npos);
   EXPECT_NE(FitError({"more.csv"}).find("more.csv"), std::string::npos);
 }
+
 TEST(OptionsError, EveryErrorIsOneLine) {
   for (const Arguments& arguments :
        {Arguments{}, Arguments{"--bad"}, Arguments{"fit"}, Arguments{"fit", "a", "--season"},
@@ -186,21 +202,25 @@ TEST(OptionsError, EveryErrorIsOneLine) {
     EXPECT_EQ(error.find('\n'), std::string::npos) << error;
   }
 }
+
 TEST(OptionsError, UnknownCommandIsNamed) {
   EXPECT_EQ(ErrorOf([] {
               ParseCommandLine({"guess", "a.csv"});
             }),
             "there is no command 'guess'; see tsxport --help");
 }
+
 TEST(OptionsError, ControlCharactersInNames) {
   EXPECT_EQ(FitError({"--name", "a\tb"}), "--name: 'a?b' holds control characters or is not UTF-8");
   EXPECT_EQ(FitError({"--descriptor", "caf\xE9"}),
             "--descriptor: 'caf?' holds control characters or is not UTF-8");
 }
+
 TEST(OptionsError, TwoThingsOnStandardOutput) {
   EXPECT_EQ(FitError({"-o", "-", "--forecast", "3"}),
             "-o - and --forecast would both print on standard output");
 }
+
 TEST(OptionsError, SeasonalModelWithoutASeason) {
   EXPECT_EQ(FitError({"--model", "winters-additive", "--season", "1"}),
             "--season 1 means no season, which winters-additive needs");
@@ -217,10 +237,12 @@ TEST(OptionsError, OptionsOfArimaWithAnotherModel) {
                   " goes with --model arima(p,d,q) or auto-arima, not with --model 'auto'");
   }
 }
+
 TEST(OptionsError, ConstantAndNone) {
   EXPECT_EQ(FitError({"--model", "auto-arima", "--constant", "--no-constant"}),
             "--constant and --no-constant exclude each other");
 }
+
 TEST(OptionsError, SeasonalPartOfArimaWithoutASeason) {
   EXPECT_EQ(FitError({"--model", "arima(0,1,1)(0,1,1)", "--season", "1"}),
             "--season 1 means no season, which the second parenthesis of arima(p,d,q)(P,D,Q) "
@@ -249,6 +271,7 @@ TEST(HelpPages, FitsTheTerminalAndNamesEveryOption) {
   }
   EXPECT_LE(longest, 80U);
 }
+
 TEST(HelpPages, NamesTheValuesOfEveryChoice) {
   const std::string page = ParseCommandLine({"fit", "--help"}).page;
   for (
@@ -281,13 +304,16 @@ TEST(HelpPages, TellsTheBoundsOfOrdersDifferencesAndLags) {
                              ", lags and delays up to " + std::to_string(kLongestLag) + "."),
             std::string::npos);
 }
+
 TEST(HelpPages, FirstCaseDayTellsThatReadersRejectTheDocument) {
   EXPECT_NE(HelpWords().find("two attributes named month"), std::string::npos);
   EXPECT_NE(HelpWords().find("reject"), std::string::npos);
 }
+
 TEST(HelpPages, MainPageNamesTheCommand) {
   EXPECT_NE(ParseCommandLine({"--help"}).page.find("fit "), std::string::npos);
 }
+
 TEST(HelpPages, VersionNamesLibraryAndCore) {
   const std::string page = ParseCommandLine({"--version"}).page;
   EXPECT_NE(page.find("libtsxport"), std::string::npos);

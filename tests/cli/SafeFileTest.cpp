@@ -69,6 +69,7 @@ TEST_F(SafeFileTest, CommitPutsTheBytesInPlace) {
   EXPECT_EQ(Content(Path("a")), "new");
   EXPECT_EQ(FileCount(), 1U);
 }
+
 TEST_F(SafeFileTest, UntilThenTheOldFileStands) {
   Put(Path("a"), "old");
   SafeFile file(Path("a"), "new");
@@ -76,24 +77,28 @@ TEST_F(SafeFileTest, UntilThenTheOldFileStands) {
   file.Commit();
   EXPECT_EQ(Content(Path("a")), "new");
 }
+
 TEST_F(SafeFileTest, WithoutCommitNothingIsLeftBehind) {
   Put(Path("a"), "old");
   { const SafeFile file(Path("a"), "new"); }
   EXPECT_EQ(Content(Path("a")), "old");
   EXPECT_EQ(FileCount(), 1U);
 }
+
 TEST_F(SafeFileTest, ModeOfAnExistingFileIsKept) {
   Put(Path("a"), "old");
   ASSERT_EQ(chmod(Path("a").c_str(), 0640), 0);
   SafeFile(Path("a"), "new").Commit();
   EXPECT_EQ(fs::status(Path("a")).permissions(), fs::perms(0640));
 }
+
 TEST_F(SafeFileTest, NewFileFollowsTheUmask) {
   const mode_t before = umask(027);
   SafeFile(Path("a"), "new").Commit();
   umask(before);
   EXPECT_EQ(fs::status(Path("a")).permissions(), fs::perms(0640));
 }
+
 TEST_F(SafeFileTest, LinkIsFollowedAndStays) {
   Put(Path("target"), "old");
   fs::create_symlink("target", Path("link"));
@@ -101,6 +106,7 @@ TEST_F(SafeFileTest, LinkIsFollowedAndStays) {
   EXPECT_TRUE(fs::is_symlink(Path("link")));
   EXPECT_EQ(Content(Path("target")), "new");
 }
+
 TEST_F(SafeFileTest, LinkToAFileThatIsNotThereIsFollowedAndStays) {
   fs::create_directory(Path("folder"));
   fs::create_symlink("folder/second", Path("first"));
@@ -110,26 +116,31 @@ TEST_F(SafeFileTest, LinkToAFileThatIsNotThereIsFollowedAndStays) {
   EXPECT_TRUE(fs::is_symlink(Path("folder/second")));
   EXPECT_EQ(Content(Path("target")), "new");
 }
+
 TEST_F(SafeFileTest, LinkToItself) {
   fs::create_symlink("link", Path("link"));
   EXPECT_EQ(ErrorOf([this] { const SafeFile file(Path("link"), ""); }),
             Path("link") + ": cannot be written: Too many levels of symbolic links");
 }
+
 TEST_F(SafeFileTest, DeviceIsWrittenDirectly) {
   SafeFile("/dev/null", "new").Commit();
   EXPECT_TRUE(fs::is_character_file("/dev/null"));
 }
+
 TEST_F(SafeFileTest, FullDeviceIsToldOnCommit) {
   SafeFile file("/dev/full", "new");
   EXPECT_EQ(ErrorOf([&file] { file.Commit(); }),
             "/dev/full: cannot be written: No space left on device");
 }
+
 TEST_F(SafeFileTest, FullDiskLeavesTheOldFileAndNoTemporary) {
   Put(Path("a"), "old");
   EXPECT_EXIT(WriteOnAFullDisk(Path("a")), testing::ExitedWithCode(7), "");
   EXPECT_EQ(Content(Path("a")), "old");
   EXPECT_EQ(FileCount(), 1U);
 }
+
 TEST_F(SafeFileTest, SignalThatEndsTheCommandLeavesTheOldFileAndNoTemporary) {
   Put(Path("a"), "old");
   for (const int signal : {SIGHUP, SIGINT, SIGPIPE, SIGQUIT, SIGTERM}) {
@@ -138,6 +149,7 @@ TEST_F(SafeFileTest, SignalThatEndsTheCommandLeavesTheOldFileAndNoTemporary) {
     EXPECT_EQ(FileCount(), 1U);
   }
 }
+
 TEST_F(SafeFileTest, SignalLeavesAFileThatIsInPlace) {
   const auto writeAndEnd = [this] {
     HandleSignals();
@@ -149,6 +161,7 @@ TEST_F(SafeFileTest, SignalLeavesAFileThatIsInPlace) {
   EXPECT_EQ(Content(Path("a")), "new");
   EXPECT_EQ(FileCount(), 1U);
 }
+
 TEST_F(SafeFileTest, SignalThatIsIgnoredStaysSo) {
   const auto writeOn = [this] {
     signal(SIGHUP, SIG_IGN);
@@ -161,10 +174,12 @@ TEST_F(SafeFileTest, SignalThatIsIgnoredStaysSo) {
   EXPECT_EXIT(writeOn(), testing::ExitedWithCode(7), "");
   EXPECT_EQ(Content(Path("a")), "new");
 }
+
 TEST_F(SafeFileTest, FolderThatIsNotThere) {
   EXPECT_EQ(ErrorOf([this] { const SafeFile file(Path("no/a"), ""); }),
             Path("no/a") + ": cannot be written: No such file or directory");
 }
+
 TEST_F(SafeFileTest, FolderInThePlaceOfTheFile) {
   EXPECT_EQ(ErrorOf([this] { const SafeFile file(folder_.string(), ""); }),
             folder_.string() + ": cannot be written: Is a directory");

@@ -33,28 +33,33 @@ TEST(Series, SkippedPeriodIsAMissingValue) {
   EXPECT_EQ(all[0].places[2].line, 0U);
   EXPECT_EQ(all[0].places[3], (Place{4, 9}));
 }
+
 TEST(Series, SkippedPeriodIsPlacedWhereTheNextRowIs) {
   const auto all = ReadSeries(Table("date,y\n2020-01,1\n2020-02,2\n2020-05,4\n"), {});
   EXPECT_EQ(PlaceOfCase(all[0].places, 1), (Place{3, 9}));
   EXPECT_EQ(PlaceOfCase(all[0].places, 2), (Place{4, 9}));
   EXPECT_EQ(PlaceOfCase(all[0].places, 3), (Place{4, 9}));
 }
+
 TEST(Series, SkippedPeriodIsLeftOutOnRequest) {
   const auto all = ReadSeries(Table("date,y\n2020-01,1\n2020-02,2\n2020-04,4\n"),
                               {.columns = {}, .name = "", .skipped_as_gaps = true});
   EXPECT_EQ(all[0].values, (Values{1, 2, 4}));
   EXPECT_EQ(all[0].cases, (std::vector<std::size_t>{0, 1, 3}));
 }
+
 TEST(Series, EmptyCellIsAMissingValueEvenWhereSkippedPeriodsAreLeftOut) {
   const auto all = ReadSeries(Table("date,y\n2020-01,1\n2020-02,\n2020-03,4\n"),
                               {.columns = {}, .name = "", .skipped_as_gaps = true});
   EXPECT_EQ(all[0].values, (Values{1, MV::gMissingValue, 4}));
 }
+
 TEST(Series, WithoutTimesCasesAreNumberedFromOne) {
   const auto all = ReadSeries(Table("y\n5\n4\n6\n"), {});
   EXPECT_EQ(all[0].axis->CaseText(0), "1");
   EXPECT_EQ(all[0].values, (Values{5, 4, 6}));
 }
+
 TEST(Series, TimesWithoutARegularStepAreNotSpreadOut) {
   const auto all = ReadSeries(Table("n,y\n1,5\n2,4\n4000000000,6\n"), {});
   EXPECT_EQ(all[0].values.size(), 3U);
@@ -86,6 +91,7 @@ TEST(Predictors, AreReadBesideTheSeries) {
   EXPECT_EQ(series.predictors[0].places[1], (Place{3, 10}));
   EXPECT_EQ(series.predictors[0].places[2].line, 0U);
 }
+
 TEST(Predictors, SeriesEndsWithItsLastValue) {
   const Series series =
       WithPredictor("date,y,x\n2020-01,1,10\n2020-02,2,20\n2020-03,,30\n2020-04,,40\n");
@@ -96,6 +102,7 @@ TEST(Predictors, SeriesEndsWithItsLastValue) {
   EXPECT_EQ(series.predictors[0].future, (Values{30, 40}));
   EXPECT_EQ(series.predictors[0].future_places[1], (Place{5, 10}));
 }
+
 TEST(Predictors, FutureEndsWithTheFirstMissingValue) {
   EXPECT_EQ(WithPredictor("date,y,x\n2020-01,1,1\n2020-02,,2\n2020-03,,\n2020-04,,4\n")
                 .predictors[0]
@@ -107,6 +114,7 @@ TEST(Predictors, FutureEndsWithTheFirstMissingValue) {
       WithPredictor("date,y,x\n2020-01,1,1\n2020-02,,2\n2020-04,,4\n", true).predictors[0].future,
       Values{2});
 }
+
 TEST(Predictors, FutureEndsAtTheRowOfTheFirstMissingValue) {
   EXPECT_EQ(WithPredictor("date,y,x\n2020-01,1,1\n2020-02,,2\n2020-03,,\n2020-04,,4\n")
                 .predictors[0]
@@ -118,6 +126,7 @@ TEST(Predictors, FutureEndsAtTheRowOfTheFirstMissingValue) {
   }
   EXPECT_EQ(WithPredictor("date,y,x\n2020-01,1,1\n2020-02,,2\n").predictors[0].future_end.line, 0U);
 }
+
 TEST(Predictors, EachVariableHasAnEndOfItsOwn) {
   SeriesOptions options;
   options.columns.predictors = {"x"};
@@ -128,15 +137,18 @@ TEST(Predictors, EachVariableHasAnEndOfItsOwn) {
   EXPECT_EQ(all[0].axis->CaseCount(), 3U);
   EXPECT_EQ(all[1].axis->CaseCount(), 2U);
 }
+
 TEST(Predictors, SeriesWithoutAnyValueKeepsItsCases) {
   SeriesOptions options;
   options.columns.variables = {"y"};
   options.columns.predictors = {"x"};
   EXPECT_EQ(ReadSeries(Table("n,y,x\n1,,1\n2,,2\n"), options)[0].values.size(), 2U);
 }
+
 TEST(Predictors, WithoutThemMissingCasesAtTheEndStay) {
   EXPECT_EQ(ReadSeries(Table("n,y\n1,5\n2,3\n3,\n"), {})[0].values.size(), 3U);
 }
+
 TEST(Predictors, HoldNumbersOnly) {
   EXPECT_EQ(ErrorOf([] { WithPredictor("n,y,x\n1,5,1\n2,3,often\n"); }),
             "table.csv:3:5: 'often' is not a number (column \"x\")");
@@ -146,15 +158,18 @@ TEST(ModelNames, OneVariableTakesTheNameOfTheFile) {
   EXPECT_EQ(Names(ReadSeries(ParseCsv("dir/my sales.2020.csv", "y\n5\n4\n"), {})),
             std::vector<std::string>{"my sales.2020"});
 }
+
 TEST(ModelNames, OneVariableTakesTheNameGiven) {
   SeriesOptions options;
   options.name = "airline";
   EXPECT_EQ(Names(ReadSeries(Table("y\n5\n4\n"), options)), std::vector<std::string>{"airline"});
 }
+
 TEST(ModelNames, SeveralVariablesAreTold) {
   EXPECT_EQ(Names(ReadSeries(Table("a,b\n5,1\n4,2\n"), {})),
             (std::vector<std::string>{"table/a", "table/b"}));
 }
+
 TEST(ModelNames, IdsAndVariablesAreTold) {
   SeriesOptions options;
   options.columns.id = "shop";
@@ -172,12 +187,14 @@ TEST(SeriesError, TimesOfOneIdMustRise) {
             }),
             "table.csv:4:3: '2020-01' lies before the time '2020-02' of line 2");
 }
+
 TEST(SeriesError, MissingId) {
   SeriesOptions options;
   options.columns.id = "id";
   EXPECT_EQ(ErrorOf([&] { ReadSeries(Table("id,y\na,1\n,2\n"), options); }),
             "table.csv:3:1: the id is missing");
 }
+
 TEST(SeriesError, ControlCharacterInAnId) {
   SeriesOptions options;
   options.columns.id = "id";

@@ -21,12 +21,14 @@ TEST(Utf8, Latin1IsFound) { EXPECT_EQ(FindInvalidUtf8("caf\xE9,"), 3U); }
 TEST(CleanName, LettersOfAnyAlphabetAreClean) {
   EXPECT_TRUE(IsCleanName("Ums\xC3\xA4tze in \xE2\x82\xAC"));
 }
+
 TEST(CleanName, NoBreakSpaceIsClean) { EXPECT_TRUE(IsCleanName("a\xC2\xA0z")); }
 TEST(CleanName, TabIsAControlCharacter) { EXPECT_FALSE(IsCleanName("a\tb")); }
 TEST(CleanName, DeleteIsAControlCharacter) { EXPECT_FALSE(IsCleanName("a\x7F")); }
 TEST(CleanName, LastOfTheUpperControlCharactersIsNotClean) {
   EXPECT_FALSE(IsCleanName("a\xC2\x9F"));
 }
+
 TEST(CleanName, NonCharacterForbiddenInXmlIsNotClean) {
   EXPECT_FALSE(IsCleanName("\xEF\xBF\xBE"));
   EXPECT_FALSE(IsCleanName("\xEF\xBF\xBF"));
@@ -42,6 +44,7 @@ TEST(Quoted, LongTextIsCutBetweenCharacters) {
   for (int i = 0; i < 50; ++i) text += "\xC3\xA9";
   EXPECT_EQ(Quoted(text), "'" + text.substr(0, 80) + "...'");
 }
+
 TEST(Quoted, TextOfFortyCharactersIsWhole) {
   EXPECT_EQ(Quoted(std::string(40, 'x')), "'" + std::string(40, 'x') + "'");
 }

@@ -31,12 +31,15 @@ TEST(TimeColumn, NumbersOfFourDigitsAreYears) {
   EXPECT_EQ(Read({"1871", "1872"}).form.unit, TimeUnit::kYear);
   EXPECT_EQ(Read({"1871", "1872"}).ticks, (std::vector<std::int64_t>{1871, 1872}));
 }
+
 TEST(TimeColumn, NumbersOfWhichSomeHaveOtherLengthsAreRunningNumbers) {
   EXPECT_EQ(Read({"999", "1000"}).form.unit, TimeUnit::kNumber);
 }
+
 TEST(TimeColumn, NumbersFromThreeThousandOnAreRunningNumbers) {
   EXPECT_EQ(Read({"3000", "3001"}).form.unit, TimeUnit::kNumber);
 }
+
 TEST(TimeColumn, SecondsMayBeLeftOutHereAndThere) {
   EXPECT_EQ(Read({"2020-01-01 00:00", "2020-01-01 00:00:30"}).ticks[1] -
                 Read({"2020-01-01 00:00"}).ticks[0],
@@ -48,20 +51,25 @@ TEST(TimeColumnError, Word) {
             "table.csv:3:1: 'soon' is not a time (1949-01, 1960-Q1, 1871, a running number, "
             "2020-02-29 or 2020-02-29 13:45)");
 }
+
 TEST(TimeColumnError, ImpossibleTime) {
   EXPECT_EQ(ReadError({"1999-12", "1999-13"}), "table.csv:3:1: '1999-13': there is no month 13");
 }
+
 TEST(TimeColumnError, MissingTime) {
   EXPECT_EQ(ReadError({"1999-12", ""}), "table.csv:3:1: the time is missing");
 }
+
 TEST(TimeColumnError, AnotherForm) {
   EXPECT_EQ(ReadError({"1999-12", "2000-Q1"}),
             "table.csv:3:1: '2000-Q1' is not a month YYYY-MM like the times above it");
 }
+
 TEST(TimeColumnError, RepeatedTime) {
   EXPECT_EQ(ReadError({"1999-12", "2000-01", "2000-01"}),
             "table.csv:4:1: '2000-01' repeats the time '2000-01' of line 3");
 }
+
 TEST(TimeColumnError, BackwardTime) {
   EXPECT_EQ(ReadError({"1999-12", "2000-01", "1999-11"}),
             "table.csv:4:1: '1999-11' lies before the time '2000-01' of line 3");

@@ -18,11 +18,13 @@ TEST(TimeForm, MonthsCountFromJanuaryOfYearZero) {
   EXPECT_EQ(TickOf("1949-01"), 12 * 1949);
   EXPECT_EQ(TickOf("1949-12"), 12 * 1949 + 11);
 }
+
 TEST(TimeForm, QuartersCountFromTheFirstOfYearZero) {
   EXPECT_EQ(UnitOf("1960-Q1"), TimeUnit::kQuarter);
   EXPECT_EQ(TickOf("1960-Q1"), 4 * 1960);
   EXPECT_EQ(TickOf("1960Q4"), 4 * 1960 + 3);
 }
+
 TEST(TimeForm, WholeNumbersStandForThemselves) {
   EXPECT_EQ(UnitOf("1871"), TimeUnit::kNumber);
   EXPECT_EQ(TickOf("1871"), 1871);
@@ -35,6 +37,7 @@ TEST(TimeForm, DaysCountFromTheFirstDayOfOurEra) {
   EXPECT_EQ(TickOf("1970-01-01"), 719162);
   EXPECT_EQ(TickOf("2000-03-01"), 719162 + 11017);
 }
+
 TEST(TimeForm, TimesOfDayCountSeconds) {
   EXPECT_EQ(UnitOf("0001-01-02 00:00"), TimeUnit::kSecond);
   EXPECT_EQ(TickOf("0001-01-02 01:02:03"), 86400 + 3723);
@@ -55,10 +58,12 @@ TEST(TimeForm, ImpossibleTimesAreTold) {
   EXPECT_EQ(FaultOf("2023-02-03 23:00:60"), "there is no second 60");
   EXPECT_EQ(FaultOf("99999999999"), "the number is too large to count cases by");
 }
+
 TEST(TimeForm, LeapDaysExist) {
   EXPECT_TRUE(IsTime("2000-02-29"));
   EXPECT_TRUE(IsTime("2024-02-29"));
 }
+
 TEST(TimeForm, OtherTextsAreNoTimes) {
   for (const char* text :
        {"", "Jan 1949", "49-01", "1949-", "1949-001", "1949/01", "-5", "1.5", "1949-Q",

@@ -69,9 +69,11 @@ TEST(CrostonFit, LevelsAreThoseWorkedByHand) {
   EXPECT_DOUBLE_EQ(Level(fit, 2), 2);
   EXPECT_EQ(fit.model.GetImp()->GetFunctionType(), TSTransformation::kNone);
 }
+
 TEST(CrostonFit, FittedValuesAreTheRatesBeforeEachCase) {
   ExpectValues(FitCroston(kWorked, Weights(0.5)).fitted, {1.5, 1.5, 1.5, 1.5, 1.5, 1, 1});
 }
+
 TEST(CrostonFit, SummaryTellsDemandsAndSumsOfSquares) {
   const CrostonFit fit = FitCroston(kWorked, Weights(0.5));
   EXPECT_EQ(fit.summary.demands, 3U);
@@ -81,6 +83,7 @@ TEST(CrostonFit, SummaryTellsDemandsAndSumsOfSquares) {
   EXPECT_EQ(fit.summary.sizes.weight, 0.5);
   EXPECT_FALSE(fit.summary.sizes.estimated);
 }
+
 TEST(CrostonFit, StatisticsAreOfTheErrorsOfAllCases) {
   const CrostonFit fit = FitCroston(kWorked, Weights(0.5));
   EXPECT_EQ(Info(fit).GetSpan().start, 0U);
@@ -90,17 +93,20 @@ TEST(CrostonFit, StatisticsAreOfTheErrorsOfAllCases) {
   EXPECT_DOUBLE_EQ(Info(fit).GetGOFStat(BFSharedConst::kMeanAbsErr), 1.5);
   EXPECT_DOUBLE_EQ(Info(fit).GetGOFStat(BFSharedConst::kMaxAbsErr), 3);
 }
+
 TEST(CrostonFit, StationaryRSquaredIsRSquared) {
   const CrostonFit fit = FitCroston(kWorked, Weights(0.5));
   EXPECT_DOUBLE_EQ(Info(fit).GetGOFStat(BFSharedConst::kStationaryRSqr),
                    Info(fit).GetGOFStat(BFSharedConst::kRSqr));
 }
+
 TEST(CrostonFit, DemandInEveryCaseIsSimpleSmoothing) {
   const CrostonFit fit = FitCroston(Values{8, 4, 6}, Weights(0.5));
   EXPECT_DOUBLE_EQ(Level(fit, 0), 6);
   EXPECT_DOUBLE_EQ(Level(fit, 1), 1);
   ExpectValues(fit.fitted, {8, 8, 6});
 }
+
 TEST(CrostonFit, LogarithmAveragesGeometrically) {
   const CrostonFit fit = FitCroston(Values{0, 2, 0, 8}, Weights(0.5, TSTransformation::kLogarithm));
   EXPECT_DOUBLE_EQ(Level(fit, 0), std::log(4.0));
@@ -109,12 +115,14 @@ TEST(CrostonFit, LogarithmAveragesGeometrically) {
   EXPECT_DOUBLE_EQ(tsffit::Forecast(fit.model, 1).value[0], 2);
   ExpectValues(fit.fitted, {1, 1, 1, 1});
 }
+
 TEST(CrostonFit, SquareRootAveragesRoots) {
   const CrostonFit fit =
       FitCroston(Values{0, 1, 0, 9}, Weights(0.5, TSTransformation::kSquareRoot));
   EXPECT_DOUBLE_EQ(Level(fit, 0), 2);
   EXPECT_DOUBLE_EQ(tsffit::Forecast(fit.model, 1).value[0], 2);
 }
+
 TEST(CrostonFit, SizesBelowOneHaveNegativeLogarithmsAndAPositiveRate) {
   const CrostonFit fit =
       FitCroston(Values{0, 0.25, 0, 0.25}, Weights(0.5, TSTransformation::kLogarithm));
@@ -125,6 +133,7 @@ TEST(CrostonFit, SizesBelowOneHaveNegativeLogarithmsAndAPositiveRate) {
 TEST(CrostonZeros, LeadingOnesMakeTheFirstIntervalLong) {
   EXPECT_DOUBLE_EQ(Level(FitCroston(Values{0, 0, 0, 0, 5, 5}, Weights(0.5)), 1), 3);
 }
+
 TEST(CrostonZeros, TrailingOnesMoveNoLevelOfTheRate) {
   Values longer = kWorked;
   longer.insert(longer.end(), 10, 0.0);
@@ -133,6 +142,7 @@ TEST(CrostonZeros, TrailingOnesMoveNoLevelOfTheRate) {
   EXPECT_DOUBLE_EQ(Level(fit, 1), 2.25);
   EXPECT_EQ(Info(fit).GetSpan().length, 17U);
 }
+
 TEST(CrostonZeros, NegativeZeroIsZero) {
   EXPECT_DOUBLE_EQ(Level(FitCroston(Values{-0.0, 3}, Weights(0.5)), 1), 2);
 }
@@ -146,6 +156,7 @@ TEST(CrostonMissing, CasesAreNeitherErrorsNorPartOfAnInterval) {
   EXPECT_EQ(Info(fit).GetSpan().length, 9U);
   ExpectValues(fit.fitted, {1.5, 1.5, 1.5, 1.5, 1.5, 1.5, 1.5, 1, 1});
 }
+
 TEST(CrostonMissing, SpanBeginsAtTheFirstObservedCase) {
   const CrostonFit fit = FitCroston(Values{kMissing, kMissing, 0, 4}, Weights(0.5));
   EXPECT_EQ(Info(fit).GetSpan().start, 2U);
@@ -160,16 +171,19 @@ TEST(CrostonRefusal, SeriesWithoutDemand) {
   EXPECT_TRUE(fit.model.IsEmpty());
   EXPECT_TRUE(fit.fitted.empty());
 }
+
 TEST(CrostonRefusal, SeriesWithoutObservedCases) {
   EXPECT_EQ(FitCroston(Values{}, {}).status, FitStatus::kTooShort);
   EXPECT_EQ(FitCroston(Values{kMissing, kMissing}, {}).status, FitStatus::kTooShort);
 }
+
 TEST(CrostonRefusal, NegativeCaseIsBlamed) {
   const CrostonFit fit = FitCroston(Values{0, 3, 0, -1, 2}, {});
   EXPECT_EQ(fit.status, FitStatus::kNegative);
   EXPECT_EQ(fit.bad_case, 3U);
   EXPECT_EQ(fit.message, "Croston's method needs values of at least 0");
 }
+
 TEST(CrostonRefusal, CaseThatIsNoNumberIsBlamed) {
   for (const double y : {kInfinity, -kInfinity, std::nan(""), 1e301}) {
     const CrostonFit fit = FitCroston(Values{0, 3, y}, {});
@@ -177,6 +191,7 @@ TEST(CrostonRefusal, CaseThatIsNoNumberIsBlamed) {
     EXPECT_EQ(fit.bad_case, 2U);
   }
 }
+
 TEST(CrostonRefusal, WeightsAndTransformationsThatThereAreNot) {
   for (const double weight : {-0.1, 1.1, std::nan("")}) {
     EXPECT_EQ(FitCroston(kWorked, {.size_weight = weight}).status, FitStatus::kBadOptions);
@@ -199,6 +214,7 @@ TEST(CrostonWeights, FewDemandsGetATenth) {
     EXPECT_EQ(State(three, i).GetESModelSpec().GetParameterCount(false), 0U);
   }
 }
+
 TEST(CrostonWeights, FourDemandsAreEnoughToEstimate) {
   const CrostonFit fit = FitCroston(Values{0, 3, 0, 0, 2, 0, 4, 1}, {});
   EXPECT_TRUE(fit.summary.sizes.estimated);
@@ -229,6 +245,7 @@ TEST(CrostonWeights, InsideTheBoundsTheyAreTheRootOfTheSlope) {
   EXPECT_NEAR(fit.summary.sizes.sse, sum, 1e-14);
   EXPECT_NEAR(StdError(fit, 0), std::sqrt(sum / 2 / ((12 * a * a - 18 * a + 6.5) / 2)), 1e-10);
 }
+
 TEST(CrostonWeights, AreATenthWhereTheyChangeNothing) {
   const CrostonFit same = FitCroston(Values{5, 0, 5, 0, 0, 5, 5, 5}, {});
   EXPECT_EQ(Weight(same, 0), 0.1);
@@ -241,6 +258,7 @@ TEST(CrostonWeights, AreATenthWhereTheyChangeNothing) {
   EXPECT_EQ(Weight(last, 0), 0.1);
   EXPECT_DOUBLE_EQ(last.summary.sizes.sse, 4);
 }
+
 TEST(CrostonWeights, OneMayBeFixedAndTheOthersEstimated) {
   const CrostonFit fit = FitCroston(Values{0, 3, 0, 0, 2, 0, 4, 1}, {.interval_weight = 0.3});
   EXPECT_TRUE(fit.summary.sizes.estimated);
@@ -248,12 +266,14 @@ TEST(CrostonWeights, OneMayBeFixedAndTheOthersEstimated) {
   EXPECT_EQ(StdError(fit, 1), kMissing);
   EXPECT_EQ(Info(fit).GetDegreesOfFreedom(), 7U);
 }
+
 TEST(CrostonWeights, ThatOfTheErrorsCostsNoDegreeOfFreedom) {
   const CrostonFit fit =
       FitCroston(Values{0, 3, 0, 0, 2, 0, 4, 1}, {.size_weight = 0.1, .interval_weight = 0.1});
   EXPECT_TRUE(fit.summary.errors.estimated);
   EXPECT_EQ(Info(fit).GetDegreesOfFreedom(), 8U);
 }
+
 TEST(CrostonWeights, DoNotDependOnTheUnit) {
   const Values series = {0, 3, 0, 0, 2, 0, 4, 1, 0, 7, 2};
   const CrostonFit fit = FitCroston(series, {});
@@ -323,6 +343,7 @@ TEST(CrostonForecast, IsTheSameForEveryPeriod) {
   const CrostonFit fit = FitCroston(kWorked, Weights(0.5));
   ExpectValues(tsffit::Forecast(fit.model, 3).value, {13.0 / 9, 13.0 / 9, 13.0 / 9});
 }
+
 TEST(CrostonForecast, BiasCorrectionTakesHalfTheIntervalWeightOff) {
   CrostonOptions options = Weights(0.5);
   options.size_weight = 0.25;
@@ -340,6 +361,7 @@ TEST(CrostonForecast, LimitsComeFromTheAbsoluteErrorsAndDoNotGoBelowZero) {
   EXPECT_DOUBLE_EQ(forecasts.upper[0], 13.0 / 9 + 1.6448536269514722 * error);
   EXPECT_EQ(forecasts.lower[0], 0);
 }
+
 TEST(CrostonForecast, LowerLimitIsBelowTheRateWhereErrorsAreSmall) {
   const CrostonFit fit = FitCroston(Values{8, 9, 8, 9}, Weights(0.5));
   const tsffit::Forecasts forecasts = tsffit::Forecast(fit.model, 1);
@@ -378,6 +400,7 @@ TEST(CrostonForecast, ThereIsNoneWithoutUsableLevels) {
   EXPECT_TRUE(
       tsffit::Forecast(ModelOf(3, 2, 1), 3, 0.95, CrostonRate::kSyntetosBoylan).value.empty());
 }
+
 TEST(CrostonForecast, HasNoLimitsWithoutALevelOfTheErrors) {
   const tsffit::Forecasts forecasts = tsffit::Forecast(ModelOf(3, 2, kMissing), 1);
   ExpectValues(forecasts.value, {1.5});

@@ -62,6 +62,7 @@ TEST(AttributeText, TwoBlanksAloneBecomeReferences) { EXPECT_EQ(Written("  "), "
 TEST(AttributeText, ThreeBlanksAloneBecomeReferences) {
   EXPECT_EQ(Written("   "), "&#32;&#32;&#32;");
 }
+
 TEST(AttributeText, FourBlanksAloneKeepTheThird) { EXPECT_EQ(Written("    "), "&#32;&#32; &#32;"); }
 
 TEST(AttributeText, LeadingBlankBecomesAReference) { EXPECT_EQ(Written(" a"), "&#32;a"); }

@@ -102,18 +102,23 @@ class Streams : public testing::TestWithParam<int> {
 TEST_P(Streams, FullDiskAtEveryByte) {
   ExpectSameWithAnyExceptions<test::FailingStreambuf>(ours_, literal_, length_);
 }
+
 TEST_P(Streams, UnbufferedAtEveryByte) {
   ExpectSameWithAnyExceptions<Unbuffered>(ours_, literal_, length_);
 }
+
 TEST_P(Streams, BufferedAtEveryByte) {
   ExpectSameWithAnyExceptions<Buffered>(ours_, literal_, length_);
 }
+
 TEST_P(Streams, BufferThatThrowsAtEveryByte) {
   ExpectSameWithAnyExceptions<Throwing>(ours_, literal_, length_);
 }
+
 TEST_P(Streams, BufferThatRefusesOneByteOnly) {
   ExpectSameWithAnyExceptions<RefusingOnce>(ours_, literal_, length_);
 }
+
 TEST_P(Streams, FlushingAfterEachByteFails) {
   // No exceptions: the standard library's would leave a destructor and end the program.
   ExpectSame<FailingSync>(ours_, literal_, length_, ios_base::goodbit, ios_base::unitbuf);
