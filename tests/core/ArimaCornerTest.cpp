@@ -719,6 +719,17 @@ TEST(ArimaCorner, LineLeavesNothingToExplain) {
   ExpectSound(FitSpec(line, SpecOf({.ar = {1}, .has_constant = true})));
 }
 
+// An innovation in the first case sets the mean and the root free to draw the line.
+TEST(ArimaCorner, LineThatTheModelFollowsLeavesNothingToExplain) {
+  const std::vector<double> line =
+      Generate(40, [](std::size_t t) { return 5 + 2 * static_cast<double>(t); });
+  const ArimaFit fit = FitSpec(line, WithOutliers(SpecOf({.ar = {1}, .has_constant = true}),
+                                                  {{TSOutlierSpec::kInnovational, 0}}));
+  EXPECT_EQ(fit.status, FitStatus::kNotIdentified);
+  EXPECT_EQ(fit.message,
+            "the model leaves nothing to explain: it follows the series without an error");
+}
+
 TEST(ArimaCorner, OrdersThatAreTooLargeAreRefused) {
   const std::vector<double> series = Monthly(120);
   EXPECT_EQ(FitSpec(series, SpecOf({.ar = {200}})).status, FitStatus::kTooShort);

@@ -55,6 +55,11 @@ class ArimaFitter {
       RefuseArima(fit, FitStatus::kNotIdentified, "the likelihood of the model has no maximum");
       return;
     }
+    if (IsRounding(found.best)) {
+      RefuseArima(fit, FitStatus::kNotIdentified,
+                  "the model leaves nothing to explain: it follows the series without an error");
+      return;
+    }
     Deliver(likelihood, space, found, fit);
   }
 
@@ -100,17 +105,22 @@ class ArimaFitter {
       const std::size_t there = CountObserved(observed_);
       return TooShort(there + needed - white.residuals, there, fit);
     }
-    double largest = 1;
-    for (const double z : data_.series) {
-      if (z != MV::gMissingValue) largest = std::max(largest, std::abs(z));
-    }
-    const double rounding = 1e-13 * largest;
-    if (white.fit.sse <= rounding * rounding * static_cast<double>(white.residuals)) {
+    if (IsRounding(white)) {
       return RefuseArima(fit, FitStatus::kNotIdentified,
                          "the model leaves nothing to explain: after differences and effects the "
                          "series is constant");
     }
     return true;
+  }
+
+  // Whether the residuals are no more than what the arithmetic makes of the values.
+  bool IsRounding(const Evaluation& at) const {
+    double largest = 1;
+    for (const double z : data_.series) {
+      if (z != MV::gMissingValue) largest = std::max(largest, std::abs(z));
+    }
+    const double rounding = 1e-13 * largest;
+    return at.fit.sse <= rounding * rounding * static_cast<double>(at.residuals);
   }
 
   void Deliver(const Likelihood& likelihood, const SearchSpace& space,
