@@ -424,6 +424,22 @@ TEST(AutoArima, ShortSeriesAndLongSeasons) {
   }
 }
 
+// AIC of R's auto.arima, which takes the same models.
+TEST(AutoArima, ThreeCasesHaveTheirMean) {
+  struct Case {
+    std::vector<double> series;
+    double mean;
+    double aic;
+  };
+  for (const auto& [series, mean, aic] : {Case{{5, 3, 4}, 4, 11.30}, Case{{5, 5.5, 9}, 6.5, 15.97},
+                                          Case{{1, 2, 4}, 7.0 / 3, 13.84}}) {
+    const AutoArimaFit found = FitAutoArima(series, {}, AutoArimaOptions{});
+    ASSERT_EQ(found.fit.status, FitStatus::kOk) << found.fit.message;
+    EXPECT_NEAR(tsffit::Forecast(found.fit.model, 1).value.front(), mean, 1e-9);
+    EXPECT_NEAR(found.aicc, aic, 0.01);
+  }
+}
+
 TEST(AutoArima, MissingCasesInsideArePassedOver) {
   auto series = Autoregression(0.6, 3, 160);
   for (std::size_t t = 10; t < 150; t += 13) series[t] = MV::gMissingValue;

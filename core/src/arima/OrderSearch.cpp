@@ -55,8 +55,11 @@ AMPowers Lags(unsigned count, unsigned step) {
 
 double CorrectedAkaike(const ArimaSummary& summary) {
   const double k = summary.estimated + 1.0;
+  const double akaike = -2 * summary.log_likelihood + 2 * k;
+  // Of so few cases no model with a coefficient has the corrected one.
+  if (summary.residuals <= 3) return akaike;
   const double spare = static_cast<double>(summary.residuals) - k - 1;
-  return spare > 0 ? -2 * summary.log_likelihood + 2 * k + 2 * k * (k + 1) / spare : kInfinity;
+  return spare > 0 ? akaike + 2 * k * (k + 1) / spare : kInfinity;
 }
 
 OrderSearch::OrderSearch(std::span<const double> series,
