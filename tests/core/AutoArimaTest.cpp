@@ -357,6 +357,30 @@ TEST(AutoArima, LeadingMissingCasesShiftNothing) {
   }
 }
 
+// What a predictor was before the first observed case enters no fit, and may be missing.
+TEST(AutoArima, LeadingMissingCasesOfADelayedPredictorShiftNothing) {
+  // The predictor explains a trend, so that nothing is left to difference.
+  const auto x =
+      test::Generate(120, [](std::size_t t) { return std::exp(0.1 * static_cast<double>(t)); });
+  std::vector<double> series = Noise(120);
+  for (std::size_t t = 2; t < series.size(); ++t) series[t] += 4 * std::log(x[t - 2]);
+  AutoArimaOptions options = Small();
+  options.predictors = {{.transform = TSTransformation(TSTransformation::kLogarithm), .delay = 2}};
+  const std::vector<std::vector<double>> predictors = {x};
+  const AutoArimaFit plain = FitAutoArima(series, predictors, options);
+  ASSERT_EQ(plain.fit.status, FitStatus::kOk) << plain.fit.message;
+  EXPECT_EQ(OrdersOf(plain).d, 0U);
+  series.insert(series.begin(), 5, MV::gMissingValue);
+  for (const double before : {MV::gMissingValue, -1.0, 1e6}) {
+    std::vector<std::vector<double>> longer = predictors;
+    longer[0].insert(longer[0].begin(), 5, before);
+    const AutoArimaFit shifted = FitAutoArima(series, longer, options);
+    ASSERT_EQ(shifted.fit.status, FitStatus::kOk) << shifted.fit.message;
+    EXPECT_EQ(OrdersOf(shifted), OrdersOf(plain)) << before;
+    EXPECT_EQ(shifted.aicc, plain.aicc) << before;
+  }
+}
+
 TEST(AutoArima, WholeModelDoesNotDependOnTheUnit) {
   const auto series = Autoregression(0.6, 3, 100);
   const Found plain = OrdersOf(FitAutoArima(series, {}, {}));

@@ -44,14 +44,14 @@ Modelled ScaledSeries(std::span<const double> series, int functionType) {
   return modelled;
 }
 
-// f(x) of a predictor with its delay, first the case `start`.
+// f(x) of a predictor with its delay, first the case `start`. As in a fit it had its value there
+// for ever before: what stands earlier may be missing.
 std::vector<double> Delayed(const std::vector<double>& x, const AMModelSpec::Predictor& predictor,
                             std::size_t start, std::size_t size) {
   std::vector<double> delayed(size);
   for (std::size_t t = 0; t < size; ++t) {
-    const std::size_t at = start + t;
-    delayed[t] = Transformed(predictor.transform.GetFunctionType(),
-                             at < predictor.delay ? x.front() : x[at - predictor.delay]);
+    const std::size_t back = std::min<std::size_t>(t, predictor.delay);
+    delayed[t] = Transformed(predictor.transform.GetFunctionType(), x[start + t - back]);
   }
   return delayed;
 }
