@@ -381,6 +381,18 @@ TEST(AutoArima, LeadingMissingCasesOfADelayedPredictorShiftNothing) {
   }
 }
 
+TEST(AutoArima, LevelOfTheSeriesHidesNoChanges) {
+  std::vector<double> walk = Noise(150);
+  for (std::size_t t = 1; t < walk.size(); ++t) walk[t] += walk[t - 1];
+  const Found plain = OrdersOf(FitAutoArima(walk, {}, {}));
+  EXPECT_EQ(plain.d, 1U);
+  for (const double level : {1e9, -1e11}) {
+    std::vector<double> raised = walk;
+    for (double& y : raised) y += level;
+    EXPECT_EQ(OrdersOf(FitAutoArima(raised, {}, {})), plain) << level;
+  }
+}
+
 TEST(AutoArima, WholeModelDoesNotDependOnTheUnit) {
   const auto series = Autoregression(0.6, 3, 100);
   const Found plain = OrdersOf(FitAutoArima(series, {}, {}));

@@ -20,7 +20,8 @@ constexpr double kDecay = 0.7;
 
 bool IsMissing(double value) { return value == MV::gMissingValue; }
 
-// f(y) from the first observed case to the last, so scaled that its squares can be summed.
+// f(y) from the first observed case to the last, less its first value, so scaled that its squares
+// can be summed. The tests depend on neither, and small changes of large values stay changes.
 struct Modelled {
   std::size_t start = 0;
   std::vector<double> values{};
@@ -32,9 +33,10 @@ Modelled ScaledSeries(std::span<const double> series, int functionType) {
   const auto last = std::find_if(series.rbegin(), series.rend(), observed).base();
   Modelled modelled;
   modelled.start = static_cast<std::size_t>(first - series.begin());
+  const double origin = Transformed(functionType, *first);
   double largest = 0;
   for (auto y = first; y != last; ++y) {
-    const double z = IsMissing(*y) ? *y : Transformed(functionType, *y);
+    const double z = IsMissing(*y) ? *y : Transformed(functionType, *y) - origin;
     modelled.values.push_back(z);
     if (!IsMissing(z)) largest = std::max(largest, std::abs(z));
   }
