@@ -78,6 +78,13 @@
 //   kCls      least sum of squares of the residuals after the first p + P s, with residuals of 0
 //             before (Box and Jenkins 1976, section 7.1.3). No missing values.
 //
+// What is delivered comes from the filter of the method. While a search looks for the maximum of
+// the exact likelihood it takes the quickest filter that has it: that of Morf, Sidhu and Kailath
+// for kMlTheta too, and for a series with missing values, unless there are more than the longest
+// lag, with each of them as one more coefficient (Gomez, Maravall and Pena 1999, "Missing
+// observations in ARIMA models: skipping approach versus additive outlier approach", Journal of
+// Econometrics 88, 341-363).
+//
 // Standard errors: of the inverse Hessian of the negative log-likelihood with v concentrated out,
 // in the coefficients as they are exported, all of them together (kMl, kMlTheta); of v (J'J)^-1, J
 // the Jacobian of the residuals, v the error variance (kCls). Missing: on the edge of the region,
@@ -131,9 +138,9 @@ struct ArimaFit {
 // did not converge is delivered all the same: `summary.converged` tells.
 //
 // Time: the airline model on 144 monthly values takes about a millisecond; time grows with the
-// length of the series and with the largest lag, for kMlTheta and for kMl with missing values with
-// the square of the largest lag. With a season of a year of days take kMl without gaps: seconds
-// there are minutes here.
+// length of the series and with the largest lag, and with the number of missing values. On four
+// years of days with a season of a year it takes a second or two, with hundreds of missing values
+// half a minute.
 //
 //   tsffit::ArimaOptions options;  // the airline model on the logarithm
 //   options.spec.season_length = 12;

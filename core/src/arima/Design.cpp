@@ -94,8 +94,8 @@ Design::Design(const AMModelSpec& spec, ArimaData data)
 
   for (std::size_t t = first_ - Degree(difference_); t < data_.series.size(); ++t) {
     const bool missing = data_.series[t] == MV::gMissingValue;
-    if (t >= first_) missing_.push_back(missing);
-    if (missing) complete_ = false;
+    if (t >= first_) missing_rows_.push_back(missing);
+    if (missing) missing_cases_.push_back(t);
   }
 }
 
@@ -181,8 +181,27 @@ void Design::AddOutlier(unsigned j, std::span<const double> parameters, Eigen::M
 }
 
 Eigen::VectorXd Design::Differenced() const {
-  const std::vector<double> w = tsffit::Differenced(difference_, data_.series);
+  std::vector<double> z = data_.series;
+  for (std::size_t t = 1; t < z.size(); ++t) {
+    if (z[t] == MV::gMissingValue) z[t] = z[t - 1];
+  }
+  const std::vector<double> w = tsffit::Differenced(difference_, z);
   return Eigen::Map<const Eigen::VectorXd>(w.data() + first_, static_cast<Eigen::Index>(Rows()));
+}
+
+Eigen::MatrixXd Design::DifferencesWithMissing() const {
+  Eigen::MatrixXd columns = Eigen::MatrixXd::Zero(
+      static_cast<Eigen::Index>(Rows()), static_cast<Eigen::Index>(1 + missing_cases_.size()));
+  columns.col(0) = Differenced();
+  for (std::size_t j = 0; j < missing_cases_.size(); ++j) {
+    for (std::size_t k = 0; k < difference_.size(); ++k) {
+      const std::size_t t = missing_cases_[j] + k;
+      if (t < first_ || t >= data_.series.size()) continue;
+      columns(static_cast<Eigen::Index>(t - first_), static_cast<Eigen::Index>(j + 1)) =
+          -difference_[k];
+    }
+  }
+  return columns;
 }
 
 Eigen::VectorXd Design::LagsBeforeFirst() const {

@@ -40,13 +40,17 @@ class Design {
   Eigen::MatrixXd Effects(std::span<const double> parameters) const;
   bool EffectsAreFixed() const;
 
-  // The differenced series; only without missing cases.
+  // The differenced series, in missing cases made of the value before them.
   Eigen::VectorXd Differenced() const;
 
-  // Which rows are missing, and whether any case from First() - m on is, m the degree of the
-  // differencing.
-  const std::vector<bool>& MissingRows() const { return missing_; }
-  bool IsComplete() const { return complete_; }
+  // The same as the first column, then one for each of MissingCases(): what minus 1 in its place
+  // adds to the differenced series.
+  Eigen::MatrixXd DifferencesWithMissing() const;
+
+  // Which rows are missing, and which cases from First() - m on, m the degree of the differencing.
+  const std::vector<bool>& MissingRows() const { return missing_rows_; }
+  const std::vector<std::size_t>& MissingCases() const { return missing_cases_; }
+  bool IsComplete() const { return missing_cases_.empty(); }
 
   // Values of Z before the first row, newest first; as many as the degree of the differencing.
   Eigen::VectorXd LagsBeforeFirst() const;
@@ -69,8 +73,8 @@ class Design {
   std::size_t first_;
   std::vector<std::vector<double>> differenced_predictors_;
   std::vector<std::size_t> linear_;
-  std::vector<bool> missing_;
-  bool complete_ = true;
+  std::vector<bool> missing_rows_;
+  std::vector<std::size_t> missing_cases_;
 };
 
 }  // namespace tsffit

@@ -45,6 +45,13 @@ Eigen::MatrixXd DiffuseLags(const Eigen::VectorXd& lags) {
   return columns;
 }
 
+// Divides the rows by the roots of their variances.
+void Standardise(const Eigen::VectorXd& nu, Eigen::MatrixXd& columns) {
+  for (Eigen::Index t = 0; t < nu.size(); ++t) {
+    if (nu[t] > 0) columns.row(t) /= std::sqrt(nu[t]);
+  }
+}
+
 // What the filter leaves of an effect that is below this share of it is rounding.
 constexpr double kRounding = 1e-10;
 
@@ -81,9 +88,11 @@ std::vector<double> OrdinaryPoint(const AMModelSpec& spec) {
 
 }  // namespace
 
-// Prediction errors over the roots of their variances, the series first.
+// Prediction errors over the roots of their variances: of the series, then of the values with a
+// flat prior, then of the effects.
 struct Likelihood::Standardised {
   bool usable = false;
+  Eigen::Index flat = 0;
   Eigen::MatrixXd columns{};
   Eigen::VectorXd nu{};
 };
@@ -100,10 +109,14 @@ double Evaluation::LogLikelihood() const {
 
 Likelihood::Likelihood(const Design& design, ArimaMethod method)
     : design_(design), method_(method), dropped_(design.LinearPositions().size(), false) {
-  series_ = design.IsComplete() ? design.Differenced() : design.Undifferenced();
   lags_ = design.IsComplete() ? Eigen::MatrixXd(0, 1) : DiffuseLags(design.LagsBeforeFirst());
 
   const std::vector<double> parameters = OrdinaryPoint(design.Spec());
+  // More missing values than the state is long take more time as regressors than its covariance.
+  is_quick_ = method != ArimaMethod::kCls &&
+              design.MissingCases().size() <= NoiseModel(design.Spec(), parameters).StateLength();
+  if (design.IsComplete() || is_quick_) differences_ = design.DifferencesWithMissing();
+
   const Evaluation ordinary = At(parameters);
   const Eigen::MatrixXd effects = design.Effects(parameters);
   const auto diffuse = static_cast<std::size_t>(lags_.cols()) - 1;
@@ -136,53 +149,73 @@ Eigen::MatrixXd Likelihood::KeptEffects(const std::vector<double>& parameters) c
 
 Likelihood::Standardised Likelihood::Filter(const Arma& arma,
                                             const Eigen::MatrixXd& effects) const {
+  return design_.IsComplete() ? FilterDifferences(method_, arma, effects)
+                              : FilterGaps(arma, effects);
+}
+
+Likelihood::Standardised Likelihood::FilterDifferences(ArimaMethod method, const Arma& arma,
+                                                       const Eigen::MatrixXd& effects) const {
   Standardised result;
-  if (design_.IsComplete()) {
-    result.columns.resize(series_.size(), 1 + effects.cols());
-    result.columns.col(0) = series_;
-    result.columns.rightCols(effects.cols()) = effects;
-    result.usable = FilterBy(method_, arma, result.columns, result.nu);
-  } else {
-    const Eigen::Index diffuse = lags_.cols();  // with the series
-    Eigen::MatrixXd lags = Eigen::MatrixXd::Zero(lags_.rows(), diffuse + effects.cols());
-    lags.leftCols(diffuse) = lags_;
-    Eigen::MatrixXd columns = Eigen::MatrixXd::Zero(series_.size(), lags.cols());
-    columns.col(0) = series_;
-    columns.rightCols(effects.cols()) = design_.Integrated(effects);
-    StateSpace filter(arma, design_.Difference(), lags);
-    StateSpaceRun run = RunStateSpace(filter, columns, design_.MissingRows());
-    result.usable = run.usable;
-    result.columns = std::move(run.errors);
-    result.nu = std::move(run.nu);
-  }
-  if (!result.usable) return result;
-  for (Eigen::Index t = 0; t < result.nu.size(); ++t) {
-    if (result.nu[t] > 0) result.columns.row(t) /= std::sqrt(result.nu[t]);
-  }
-  result.usable = result.columns.allFinite();
+  result.flat = differences_.cols() - 1;
+  result.columns.resize(differences_.rows(), differences_.cols() + effects.cols());
+  result.columns.leftCols(differences_.cols()) = differences_;
+  result.columns.rightCols(effects.cols()) = effects;
+  result.usable = FilterBy(method, arma, result.columns, result.nu);
+  if (result.usable) Standardise(result.nu, result.columns);
+  result.usable = result.usable && result.columns.allFinite();
+  return result;
+}
+
+Likelihood::Standardised Likelihood::FilterGaps(const Arma& arma,
+                                                const Eigen::MatrixXd& effects) const {
+  Standardised result;
+  result.flat = lags_.cols() - 1;
+  Eigen::MatrixXd lags = Eigen::MatrixXd::Zero(lags_.rows(), lags_.cols() + effects.cols());
+  lags.leftCols(lags_.cols()) = lags_;
+  Eigen::MatrixXd columns = Eigen::MatrixXd::Zero(effects.rows(), lags.cols());
+  columns.col(0) = design_.Undifferenced();
+  columns.rightCols(effects.cols()) = design_.Integrated(effects);
+  StateSpace filter(arma, design_.Difference(), lags);
+  StateSpaceRun run = RunStateSpace(filter, columns, design_.MissingRows());
+  result.columns = std::move(run.errors);
+  result.nu = std::move(run.nu);
+  if (run.usable) Standardise(result.nu, result.columns);
+  result.usable = run.usable && result.columns.allFinite();
   return result;
 }
 
 Evaluation Likelihood::At(std::vector<double> parameters) const {
-  Evaluation evaluation;
   Standardised filtered = Filter(NoiseModel(design_.Spec(), parameters), KeptEffects(parameters));
+  return Eliminate(std::move(filtered), std::move(parameters));
+}
+
+// The density of the observed values is that of all values with the missing ones integrated out,
+// which is what becomes of coefficients with a flat prior: Gomez, Maravall and Pena (1999).
+Evaluation Likelihood::QuicklyAt(std::vector<double> parameters) const {
+  if (!is_quick_) return At(std::move(parameters));
+  Standardised filtered = FilterDifferences(
+      ArimaMethod::kMl, NoiseModel(design_.Spec(), parameters), KeptEffects(parameters));
+  return Eliminate(std::move(filtered), std::move(parameters));
+}
+
+Evaluation Likelihood::Eliminate(Standardised filtered, std::vector<double> parameters) const {
+  Evaluation evaluation;
   if (!filtered.usable) return evaluation;
-  const Eigen::Index diffuse = lags_.cols() - 1;
   evaluation.regressors = filtered.columns.rightCols(filtered.columns.cols() - 1);
-  evaluation.fit = SolveLeastSquares(filtered.columns.col(0), evaluation.regressors, diffuse);
+  evaluation.fit = SolveLeastSquares(filtered.columns.col(0), evaluation.regressors, filtered.flat);
   evaluation.nu = std::move(filtered.nu);
-  evaluation.diffuse = evaluation.fit.coefficients.head(diffuse);
+  evaluation.diffuse = evaluation.fit.coefficients.head(filtered.flat);
   evaluation.log_determinant = evaluation.fit.log_determinant;
   for (const double nu : evaluation.nu) {
     if (nu == 0) continue;
     ++evaluation.residuals;
     evaluation.log_determinant += std::log(nu);
   }
-  evaluation.residuals -= std::min(evaluation.residuals, static_cast<std::size_t>(diffuse));
+  evaluation.residuals -= std::min(evaluation.residuals, static_cast<std::size_t>(filtered.flat));
 
   const std::vector<std::size_t>& positions = design_.LinearPositions();
   for (std::size_t j = 0; j < positions.size(); ++j) {
-    const auto column = static_cast<std::size_t>(diffuse) + j;
+    const auto column = static_cast<std::size_t>(filtered.flat) + j;
     parameters[positions[j]] = evaluation.fit.dropped[column]
                                    ? MV::gMissingValue
                                    : evaluation.fit.coefficients[static_cast<Eigen::Index>(column)];
@@ -207,7 +240,13 @@ Eigen::MatrixXd Likelihood::RegressorsOf(const Eigen::MatrixXd& effects,
 }
 
 double Likelihood::CriterionAt(const std::vector<double>& parameters) const {
-  return At(parameters).Criterion();
+  return QuicklyAt(parameters).Criterion();
+}
+
+Eigen::VectorXd Likelihood::LinearAt(const std::vector<double>& parameters) const {
+  const Evaluation at = QuicklyAt(parameters);
+  if (!at.usable) return {};
+  return at.fit.coefficients.tail(static_cast<Eigen::Index>(design_.LinearPositions().size()));
 }
 
 Eigen::VectorXd Likelihood::ErrorsAt(const std::vector<double>& parameters) const {

@@ -37,8 +37,11 @@ class Likelihood {
   // At the searched coefficients in `parameters`; the linear ones are found.
   Evaluation At(std::vector<double> parameters) const;
 
-  // Criterion() of At(), infinite where that is not usable.
+  // Criterion() of At(), infinite where that is not usable; by the quickest filter that has it.
   double CriterionAt(const std::vector<double>& parameters) const;
+
+  // The linear coefficients of At(), in the same way; empty where that is not usable.
+  Eigen::VectorXd LinearAt(const std::vector<double>& parameters) const;
 
   // The standardised errors with the linear coefficients as given; empty when not usable.
   Eigen::VectorXd ErrorsAt(const std::vector<double>& parameters) const;
@@ -64,12 +67,19 @@ class Likelihood {
  private:
   struct Standardised;
   Standardised Filter(const Arma& arma, const Eigen::MatrixXd& effects) const;
+  Standardised FilterDifferences(ArimaMethod method, const Arma& arma,
+                                 const Eigen::MatrixXd& effects) const;
+  Standardised FilterGaps(const Arma& arma, const Eigen::MatrixXd& effects) const;
+  Evaluation Eliminate(Standardised filtered, std::vector<double> parameters) const;
+  Evaluation QuicklyAt(std::vector<double> parameters) const;
   Eigen::MatrixXd KeptEffects(const std::vector<double>& parameters) const;
 
   const Design& design_;
   ArimaMethod method_;
-  Eigen::VectorXd series_;  // differenced; Z itself when cases are missing
+  // Of the series and of each missing value; without rows where not used.
+  Eigen::MatrixXd differences_;
   Eigen::MatrixXd lags_;  // with missing cases: before the first row, of series and diffuse columns
+  bool is_quick_ = false;  // FilterDifferences() takes no more time than the method's own filter
   std::vector<bool> dropped_;
   std::optional<Eigen::MatrixXd> effects_;  // where they do not depend on searched coefficients
   bool identified_ = true;

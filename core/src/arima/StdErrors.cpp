@@ -153,7 +153,7 @@ std::optional<Eigen::MatrixXd> InversePositive(const Eigen::MatrixXd& matrix) {
   return scale.asDiagonal() * inverse * scale.asDiagonal();
 }
 
-// Variances of the coordinates together, and of each linear coefficient, diffuse values first.
+// Variances of the coordinates together, and of each linear coefficient.
 struct Variances {
   Eigen::MatrixXd coordinates;
   Eigen::VectorXd linear;
@@ -166,12 +166,13 @@ std::optional<Variances> FromHessian(const Likelihood& likelihood, const Surroun
   const std::optional<Eigen::MatrixXd> coordinates = InversePositive(around.Hessian());
   if (!coordinates) return std::nullopt;
   const double variance = solution.fit.sse / static_cast<double>(solution.residuals);
-  const Eigen::MatrixXd slopes =
-      around.Slopes(solution.fit.coefficients.size(), [&](const std::vector<double>& parameters) {
-        return parameters.empty() ? Eigen::VectorXd() : likelihood.At(parameters).fit.coefficients;
-      });
-  const Eigen::MatrixXd linear = variance * InverseGram(solution.regressors, solution.fit.dropped) +
-                                 slopes * *coordinates * slopes.transpose();
+  const auto count = static_cast<Eigen::Index>(likelihood.GetDesign().LinearPositions().size());
+  const Eigen::MatrixXd slopes = around.Slopes(count, [&](const std::vector<double>& parameters) {
+    return parameters.empty() ? Eigen::VectorXd() : likelihood.LinearAt(parameters);
+  });
+  const Eigen::MatrixXd given = InverseGram(solution.regressors, solution.fit.dropped);
+  const Eigen::MatrixXd linear =
+      variance * given.bottomRightCorner(count, count) + slopes * *coordinates * slopes.transpose();
   return Variances{.coordinates = *coordinates, .linear = linear.diagonal()};
 }
 
@@ -232,7 +233,7 @@ std::vector<double> ArimaStdErrors(const Likelihood& likelihood, const SearchSpa
   const std::size_t diffuse = solution.fit.dropped.size() - linear.size();
   for (std::size_t j = 0; j < linear.size(); ++j) {
     if (solution.fit.dropped[diffuse + j]) continue;
-    errors[linear[j]] = std::sqrt(variances->linear[static_cast<Eigen::Index>(diffuse + j)]);
+    errors[linear[j]] = std::sqrt(variances->linear[static_cast<Eigen::Index>(j)]);
   }
   return errors;
 }
