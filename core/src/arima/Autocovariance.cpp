@@ -1,7 +1,7 @@
 #include "arima/Autocovariance.h"
 
-#include <Eigen/LU>
 #include <algorithm>
+#include <utility>
 
 namespace tsffit {
 
@@ -14,39 +14,55 @@ double MaAt(const Arma& arma, std::size_t k) {
 
 double ArAt(const Arma& arma, std::size_t k) { return k <= arma.ar.size() ? arma.ar[k - 1] : 0; }
 
-// sum over j = k .. q of ma_j psi_(j-k): the covariance of the moving-average part at t with N at
-// t - k.
-std::vector<double> RightHandSide(const Arma& arma, std::size_t count) {
-  const std::size_t q = arma.ma.size();
-  const std::vector<double> psi = PsiWeights(arma, q + 1);
-  std::vector<double> rhs(count, 0.0);
-  for (std::size_t k = 0; k < count && k <= q; ++k) {
-    for (std::size_t j = k; j <= q; ++j) rhs[k] += MaAt(arma, j) * psi[j - k];
+// Of the moving-average part, 0 .. count - 1.
+std::vector<double> OfMovingAverage(const Arma& arma, std::size_t count) {
+  std::vector<double> gamma(count, 0.0);
+  for (std::size_t k = 0; k < count && k <= arma.ma.size(); ++k) {
+    for (std::size_t j = k; j <= arma.ma.size(); ++j) gamma[k] += MaAt(arma, j) * MaAt(arma, j - k);
   }
-  return rhs;
+  return gamma;
+}
+
+// Elements i and k - i, from `first` to k - first: those of c when what is given are those of
+// c(z) + r z^k c(1/z).
+void TakeOutReverse(double r, std::size_t k, std::size_t first, std::vector<double>& c) {
+  for (std::size_t i = first; i <= k - i; ++i) {
+    const double low = c[i];
+    const double high = c[k - i];
+    c[i] = (low - r * high) / ((1 - r) * (1 + r));
+    c[k - i] = (high - r * low) / ((1 - r) * (1 + r));
+  }
+}
+
+// u_0 .. u_m of phi(1/z) u(z) + phi(z) u(1/z) = rho_0 + rho_1 (z + 1/z) + .. + rho_m (z^m + z^-m).
+// Each step of the first loop lowers the degree of both sides by one; the second goes back.
+Polynomial SolveSymmetric(Polynomial phi, std::vector<double> rho) {
+  const std::size_t m = rho.size() - 1;
+  phi.resize(m + 1, 0.0);
+  std::vector<double> last(m + 1, 0.0);
+  for (std::size_t k = m; k > 0; --k) {
+    last[k] = phi[k];
+    if (last[k] != 0) TakeOutReverse(last[k], k, 1, phi);
+    for (std::size_t i = 1; i < k; ++i) rho[i] -= rho[k] * phi[k - i];
+  }
+  Polynomial u = std::move(rho);
+  u[0] /= 2;
+  for (std::size_t k = 1; k <= m; ++k) {
+    if (last[k] != 0) TakeOutReverse(last[k], k, 0, u);
+  }
+  return u;
 }
 
 }  // namespace
 
 std::vector<double> Autocovariances(const Arma& arma, std::size_t count) {
-  const std::size_t p = arma.ar.size();
-  std::vector<double> gamma = RightHandSide(arma, std::max(count, p + 1));
-  if (p > 0) {
-    const auto order = static_cast<Eigen::Index>(p + 1);
-    Eigen::MatrixXd system = Eigen::MatrixXd::Identity(order, order);
-    for (Eigen::Index k = 0; k < order; ++k) {
-      for (Eigen::Index i = 1; i < order; ++i) {
-        system(k, std::abs(k - i)) -= arma.ar[static_cast<std::size_t>(i - 1)];
-      }
-    }
-    const Eigen::Map<const Eigen::VectorXd> rhs(gamma.data(), order);
-    const Eigen::VectorXd solved = system.partialPivLu().solve(rhs);
-    std::copy(solved.begin(), solved.end(), gamma.begin());
-    for (std::size_t k = p + 1; k < gamma.size(); ++k) {
-      for (std::size_t i = 1; i <= p; ++i) gamma[k] += arma.ar[i - 1] * gamma[k - i];
-    }
-  }
-  gamma.resize(count);
+  if (arma.ar.empty()) return OfMovingAverage(arma, count);
+  Polynomial phi = {1};
+  for (const double ar : arma.ar) phi.push_back(-ar);
+  const std::size_t m = std::max(arma.ar.size(), arma.ma.size());
+  std::vector<double> gamma =
+      Quotient(SolveSymmetric(phi, OfMovingAverage(arma, m + 1)), phi, count);
+  gamma[0] *= 2;
   return gamma;
 }
 

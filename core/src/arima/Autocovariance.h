@@ -9,10 +9,13 @@
 
 namespace tsffit {
 
-// Autocovariances 0 .. count - 1 of a stationary ARMA process in units of the innovation variance:
-// the linear equations for the first p + 1 of them (McLeod 1975, "Derivation of the theoretical
-// autocovariance function of autoregressive-moving average time series", Applied Statistics 24,
-// 255-256), then the recursion. Near a unit root they are large but as exact as the coefficients.
+// Autocovariances 0 .. count - 1 of a stationary ARMA process in units of the innovation variance,
+// count above 0: the coefficients of u(z) / phi(z) + u(1/z) / phi(1/z), where
+//   phi(1/z) u(z) + phi(z) u(1/z) = theta(z) theta(1/z)
+// is solved by a step-down recursion in the square of the degree (Tunnicliffe Wilson 1979, "Some
+// efficient computational procedures for high order ARMA models", Journal of Statistical
+// Computation and Simulation 8, 301-309). Near a unit root they are large but as exact as the
+// coefficients.
 std::vector<double> Autocovariances(const Arma& arma, std::size_t count);
 
 // First column of the covariance of the stationary state in Harvey's form (see StateSpace.h), in
