@@ -4,6 +4,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
+#include <numbers>
 #include <thread>
 
 #include "ArimaSeries.h"
@@ -157,6 +158,34 @@ TEST(ArimaCorner, SeasonalAutoregressionBesideAUnitRoot) {
     EXPECT_NEAR(EstimatesOf(fit)[1], 0.99, 0.02);
     EXPECT_NEAR(EstimatesOf(fit)[2], -0.7, 0.2);
   }
+}
+
+// A season that never changes takes both seasonal factors to the circle, where the likelihood is
+// hard to tell from rounding. The coefficient of the first lag has nothing to do with that: its
+// variance is (1 - phi^2) / n (Box and Jenkins 1976, section 7.2.6).
+TEST(ArimaCorner, StandardErrorBesideUnitRootsIsRightOrMissing) {
+  test::NormalDraws draws(41);
+  std::size_t known = 0;
+  for (int series = 0; series < 36; ++series) {
+    const std::size_t n = 180 + 100 * static_cast<std::size_t>(series % 3);
+    std::vector<double> y = test::SimulateArma({1, -0.4}, {1}, n, draws);
+    for (std::size_t t = 0; t < n; ++t) {
+      y[t] += 10 + (1 + series % 4) * std::sin(static_cast<double>(t) * std::numbers::pi / 6);
+    }
+    const ArimaFit fit = FitSpec(y, SpecOf({.ar = {1},
+                                            .seasonal_ar = {1},
+                                            .seasonal_ma = {1},
+                                            .season_length = 12,
+                                            .has_constant = true}));
+    ASSERT_EQ(fit.status, FitStatus::kOk) << fit.message;
+    const double phi = EstimatesOf(fit)[1];
+    const double error = StdErrorsOf(fit)[1];
+    if (error == MV::gMissingValue) continue;
+    ++known;
+    const double expected = std::sqrt((1 - phi * phi) / static_cast<double>(n));
+    EXPECT_NEAR(error / expected, 1, 0.2) << "series " << series << ", phi " << phi;
+  }
+  EXPECT_GT(known, 24U);
 }
 
 TEST(ArimaCorner, MovingAverageOnTheCircleHasNoStandardError) {

@@ -88,8 +88,9 @@
 // Standard errors: of the inverse Hessian of the negative log-likelihood with v concentrated out,
 // in the coefficients as they are exported, all of them together (kMl, kMlTheta); of v (J'J)^-1, J
 // the Jacobian of the residuals, v the error variance (kCls). Missing: on the edge of the region,
-// where there is no such thing (an MA root on the unit circle), and where the matrix is not
-// positive definite.
+// where there is no such thing (an MA root on the unit circle), where the curvature cannot be told
+// from rounding (several roots beside the circle at a time), and where the matrix is not positive
+// definite.
 //
 // A coefficient that the data cannot tell from those before it (a predictor that is constant over
 // the sample beside a constant; the second of two identical outliers) is left out: its estimate is

@@ -20,10 +20,11 @@ namespace {
 struct Free {
   Eigen::Index coordinate = 0;
   double step = 0;
+  double second_difference = 0;  // of the criterion
 };
 
-// Of a coordinate that is no coefficient.
-constexpr double kStep = 1e-3;
+// A second difference this much larger than the noise in its values is curvature.
+constexpr double kSignal = 100;
 
 // The largest step, halved from a thousandth of the coefficient's size, that stays in the region
 // with something to spare; 0 when there is none.
@@ -49,19 +50,15 @@ class Surroundings {
       : likelihood_(likelihood),
         space_(space),
         solution_(solution),
-        point_(space.PointAt(solution.parameters)) {
-    const double centre = CriterionAt(point_);
+        point_(space.PointAt(solution.parameters)),
+        centre_(CriterionAt(point_)),
+        noise_(Noise()) {
     Eigen::Index coordinate = 0;
     for (const Block& block : space.Blocks()) {
       for (std::size_t i = 0; i < block.Count(); ++i, ++coordinate) {
         if (IsAtEdge(block, solution.parameters)) continue;
-        const double step = block.HasPartials() || block.kind == BlockKind::kDecay
-                                ? kStep
-                                : StepWithin(block, solution.parameters, block.first + i);
-        // A coefficient that moves nothing (the decay of an outlier in the last case) has no
-        // curvature.
-        if (step == 0 || CriterionAt(Moved(coordinate, step)) == centre) continue;
-        free_.push_back({.coordinate = coordinate, .step = step});
+        const std::optional<Free> free = FreeAt(coordinate, StepsOf(block, i));
+        if (free) free_.push_back(*free);
       }
     }
   }
@@ -69,17 +66,22 @@ class Surroundings {
   const std::vector<Free>& Coordinates() const { return free_; }
   Eigen::Index Count() const { return static_cast<Eigen::Index>(free_.size()); }
 
+  // Whether the curvature stands out from the noise. Beside several unit roots at a time it may
+  // not: products of factors leave them in the last digits of their coefficients.
+  bool IsClear() const {
+    return std::all_of(free_.begin(), free_.end(), [this](const Free& free) {
+      return free.second_difference > kSignal * noise_;
+    });
+  }
+
   // Of the criterion, by central differences.
   Eigen::MatrixXd Hessian() const {
     Eigen::MatrixXd hessian(Count(), Count());
-    const double centre = CriterionAt(point_);
     for (Eigen::Index i = 0; i < Count(); ++i) {
-      const auto& [row, step] = free_[static_cast<std::size_t>(i)];
-      hessian(i, i) =
-          (CriterionAt(Moved(row, step)) - 2 * centre + CriterionAt(Moved(row, -step))) /
-          (step * step);
+      const auto& [row, step, bend] = free_[static_cast<std::size_t>(i)];
+      hessian(i, i) = bend / (step * step);
       for (Eigen::Index j = 0; j < i; ++j) {
-        const auto& [column, other] = free_[static_cast<std::size_t>(j)];
+        const auto& [column, other, otherBend] = free_[static_cast<std::size_t>(j)];
         double mixed = 0;
         for (const double a : {1.0, -1.0}) {
           for (const double b : {1.0, -1.0}) {
@@ -100,7 +102,7 @@ class Surroundings {
   Eigen::MatrixXd Slopes(Eigen::Index rows, const F& f) const {
     Eigen::MatrixXd slopes = Eigen::MatrixXd::Zero(rows, Count());
     for (Eigen::Index i = 0; i < Count(); ++i) {
-      const auto& [coordinate, step] = free_[static_cast<std::size_t>(i)];
+      const auto& [coordinate, step, bend] = free_[static_cast<std::size_t>(i)];
       const Eigen::VectorXd up = f(ParametersAt(Moved(coordinate, step)));
       const Eigen::VectorXd down = f(ParametersAt(Moved(coordinate, -step)));
       if (up.size() == rows && down.size() == rows) slopes.col(i) = (up - down) / (2 * step);
@@ -113,6 +115,37 @@ class Surroundings {
     Eigen::VectorXd moved = point_;
     moved[coordinate] += by;
     return moved;
+  }
+
+  // Lengths of steps to try, shortest first.
+  std::vector<double> StepsOf(const Block& block, std::size_t i) const {
+    if (block.HasPartials() || block.kind == BlockKind::kDecay) return {1e-3, 1e-2};
+    const double step = StepWithin(block, solution_.parameters, block.first + i);
+    return step > 0 ? std::vector<double>{step} : std::vector<double>();
+  }
+
+  // Nothing for a coefficient that moves nothing: the decay of an outlier in the last case.
+  std::optional<Free> FreeAt(Eigen::Index coordinate, const std::vector<double>& steps) const {
+    std::optional<Free> free;
+    for (const double step : steps) {
+      const double up = CriterionAt(Moved(coordinate, step)) - centre_;
+      if (up == 0) return std::nullopt;
+      const double down = CriterionAt(Moved(coordinate, -step)) - centre_;
+      free = {.coordinate = coordinate, .step = step, .second_difference = up + down};
+      if (free->second_difference > kSignal * noise_) break;
+    }
+    return free;
+  }
+
+  // The greatest difference that moves too small to matter make in the criterion.
+  double Noise() const {
+    double noise = 0;
+    for (int k = 1; k <= 4; ++k) {
+      const Eigen::VectorXd moved = point_.array() + 1e-9 * k;
+      const double difference = std::abs(CriterionAt(moved) - centre_);
+      if (std::isfinite(difference)) noise = std::max(noise, difference);
+    }
+    return noise;
   }
 
   // Those at the edge stay what they are.
@@ -137,6 +170,8 @@ class Surroundings {
   const SearchSpace& space_;
   const Evaluation& solution_;
   Eigen::VectorXd point_;
+  double centre_;
+  double noise_;
   std::vector<Free> free_;
 };
 
@@ -163,6 +198,7 @@ struct Variances {
 // 1977, "On the maximized likelihood function", Sankhya B 39, 92-96).
 std::optional<Variances> FromHessian(const Likelihood& likelihood, const Surroundings& around,
                                      const Evaluation& solution) {
+  if (!around.IsClear()) return std::nullopt;
   const std::optional<Eigen::MatrixXd> coordinates = InversePositive(around.Hessian());
   if (!coordinates) return std::nullopt;
   const double variance = solution.fit.sse / static_cast<double>(solution.residuals);
