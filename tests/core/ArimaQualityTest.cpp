@@ -66,6 +66,23 @@ TEST(ArimaQuality, NoLikelihoodByThetasIsBelowTheBestOfOtherPrograms) {
   ExpectTheBestLikelihoods(tsffit::ArimaMethod::kMlTheta);
 }
 
+// White noise, where AR and MA terms nearly cancel at one frequency or another: the likelihood has
+// many narrow maxima. tests/reference/arima_cycles.csv has the best that R reaches from points near
+// such cycles.
+TEST(ArimaQuality, NearlyCancelledCyclesAreSeldomMissed) {
+  std::size_t compared = 0;
+  std::size_t missed = 0;
+  for (const auto& row : test::ReadRows("reference/arima_cycles.csv")) {
+    const tsffit::ArimaFit fit =
+        test::FitSpec(test::Numbers(row[1]), test::SpecOf({.ar = {1, 2}, .ma = {1, 2}}));
+    ASSERT_EQ(fit.status, tsffit::FitStatus::kOk) << fit.message;
+    if (fit.summary.log_likelihood < std::stod(row[0]) - 0.05) ++missed;
+    ++compared;
+  }
+  EXPECT_EQ(compared, 40U);
+  EXPECT_LE(missed, compared / 20);
+}
+
 // The largest distance between the normal distribution function and that of the sample.
 double KolmogorovSmirnov(std::vector<double> sample) {
   std::sort(sample.begin(), sample.end());

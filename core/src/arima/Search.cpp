@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <numbers>
 #include <optional>
 
 #include "arima/Descent.h"
@@ -64,6 +65,8 @@ bool IsSimple(const SearchSpace& space) {
   });
 }
 
+bool HasCycles(const SearchSpace& space) { return CycleStart(space, {}).has_value(); }
+
 std::vector<Eigen::VectorXd> StartingPoints(const Likelihood& likelihood,
                                             const SearchSpace& space) {
   std::vector<Eigen::VectorXd> starts;
@@ -79,13 +82,56 @@ std::vector<Eigen::VectorXd> StartingPoints(const Likelihood& likelihood,
     starts.push_back(*regression);
     target.Minimise(1e-3, 30, starts.back());
   }
-  starts.push_back(SpreadStart(space, {.ar = 0.8, .ma = 0.5, .denominator = 0.6}));
-  starts.push_back(SpreadStart(space, {.ar = -0.5, .ma = -0.6, .denominator = -0.5}));
-  starts.push_back(SpreadStart(space, {.ar = 0.5, .ma = -0.5, .denominator = 0.9}));
+  if (!HasCycles(space) || space.Has(BlockKind::kStable)) {
+    starts.push_back(SpreadStart(space, {.ar = 0.8, .ma = 0.5, .denominator = 0.6}));
+    starts.push_back(SpreadStart(space, {.ar = -0.5, .ma = -0.6, .denominator = -0.5}));
+    starts.push_back(SpreadStart(space, {.ar = 0.5, .ma = -0.5, .denominator = 0.9}));
+  }
   // Where factors nearly cancel beside the circle, a maximum is too narrow to be met by chance.
   starts.push_back(SpreadStart(space, {.ar = 0.9, .ma = 0.98, .denominator = 0.3}));
   starts.push_back(SpreadStart(space, {.ar = -0.9, .ma = -0.98, .denominator = 0}));
   return starts;
+}
+
+bool IsBetter(const Candidate& a, const Candidate& b) { return a.value < b.value; }
+
+void KeepBest(std::size_t count, std::vector<Candidate>& candidates) {
+  std::sort(candidates.begin(), candidates.end(), IsBetter);
+  candidates.resize(std::min(candidates.size(), count));
+}
+
+// The highest peaks of the likelihood along the frequencies of a cycle.
+std::vector<Candidate> PeaksOf(Target& target, const SearchSpace& space, Cycle cycle) {
+  constexpr int kFrequencies = 64;  // closer together than a cycle of these moduli is wide
+  std::vector<Candidate> line;
+  for (int i = 0; i < kFrequencies; ++i) {
+    cycle.frequency = std::numbers::pi * (i + 0.5) / kFrequencies;
+    const Eigen::VectorXd point = *CycleStart(space, cycle);
+    line.push_back({point, target(point)});
+  }
+  std::vector<Candidate> peaks;
+  for (std::size_t i = 0; i < line.size(); ++i) {
+    const bool rises = i == 0 || IsBetter(line[i], line[i - 1]);
+    const bool falls = i + 1 == line.size() || !IsBetter(line[i + 1], line[i]);
+    if (rises && falls && std::isfinite(line[i].value)) peaks.push_back(line[i]);
+  }
+  KeepBest(4, peaks);
+  return peaks;
+}
+
+// Where two AR and two MA terms nearly cancel at some frequency, a maximum is too narrow to be met
+// from another one. The likelihood along the frequencies shows where it may be.
+std::vector<Candidate> CycleCandidates(Target& target, const SearchSpace& space) {
+  std::vector<Candidate> candidates;
+  if (!HasCycles(space)) return candidates;
+  for (const Cycle& cycle : {Cycle{.ar = 0.95, .ma = 0.995}, Cycle{.ar = 0.98, .ma = 0.95}}) {
+    for (Candidate& peak : PeaksOf(target, space, cycle)) {
+      peak.value = target.Minimise(1e-2, 15, peak.point);
+      candidates.push_back(std::move(peak));
+    }
+  }
+  KeepBest(2, candidates);
+  return candidates;
 }
 
 // The search only approaches roots on the unit circle, where the likelihood of an MA factor may
@@ -111,15 +157,15 @@ void Settle(Target& target, const SearchSpace& space, Candidate& best) {
 
 ArimaSearchResult SearchArima(const Likelihood& likelihood, const SearchSpace& space) {
   Target target(likelihood, space);
-  std::vector<Candidate> candidates;
+  std::vector<Candidate> candidates = CycleCandidates(target, space);
   for (Eigen::VectorXd& start : StartingPoints(likelihood, space)) {
-    Candidate candidate{std::move(start)};
-    candidate.value = target.Minimise(1e-4, 60, candidate.point);
-    candidates.push_back(std::move(candidate));
+    candidates.push_back({std::move(start)});
   }
   const int starts = static_cast<int>(candidates.size());
-  std::sort(candidates.begin(), candidates.end(),
-            [](const Candidate& a, const Candidate& b) { return a.value < b.value; });
+  for (Candidate& candidate : candidates) {
+    candidate.value = target.Minimise(1e-4, 60, candidate.point);
+  }
+  std::sort(candidates.begin(), candidates.end(), IsBetter);
   // The best two go on, unless they are the same.
   if (candidates.size() > 1 && candidates[1].value < candidates[0].value + 1e-3) {
     candidates.resize(1);

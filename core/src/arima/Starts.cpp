@@ -99,4 +99,24 @@ Eigen::VectorXd SpreadStart(const SearchSpace& space, const Spread& spread) {
   return point;
 }
 
+std::optional<Eigen::VectorXd> CycleStart(const SearchSpace& space, const Cycle& cycle) {
+  Eigen::VectorXd point = Eigen::VectorXd::Zero(space.Dimension());
+  std::uint32_t unit = 0;  // the first lag of the AR factor; the MA factors come after those of AR
+  Eigen::Index at = 0;
+  for (const Block& block : space.Blocks()) {
+    const bool hasRoom = block.HasPartials() && block.Count() > 1;
+    const bool isAr = hasRoom && block.kind == BlockKind::kAr && unit == 0;
+    const bool isMa = hasRoom && block.kind == BlockKind::kMa && unit == block.lags.GetPower(0);
+    if (isAr) unit = block.lags.GetPower(0);
+    if (isAr || isMa) {  // 1 - 2 r cos(w) B + r^2 B^2
+      const double r = isAr ? cycle.ar : cycle.ma;
+      point[at] = std::atanh(2 * r * std::cos(cycle.frequency) / (1 + r * r));
+      point[at + 1] = std::atanh(-r * r);
+    }
+    if (isMa) return point;
+    at += static_cast<Eigen::Index>(block.Count());
+  }
+  return std::nullopt;
+}
+
 }  // namespace tsffit

@@ -24,6 +24,18 @@ struct Spread {
 };
 Eigen::VectorXd SpreadStart(const SearchSpace& space, const Spread& spread);
 
+// A pair of complex roots of phi and one of theta at the same frequency, in radians a period (of a
+// seasonal factor, a season); the moduli are those of the inverse roots.
+struct Cycle {
+  double frequency = 0;
+  double ar = 0;
+  double ma = 0;
+};
+
+// The point with that cycle alone, in factors of two coefficients or more that have the same lags.
+// Nothing without them.
+std::optional<Eigen::VectorXd> CycleStart(const SearchSpace& space, const Cycle& cycle);
+
 }  // namespace tsffit
 
 #endif  // TSFFIT_ARIMA_STARTS_H_
