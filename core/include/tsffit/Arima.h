@@ -80,10 +80,9 @@
 //
 // What is delivered comes from the filter of the method. While a search looks for the maximum of
 // the exact likelihood it takes the quickest filter that has it: that of Morf, Sidhu and Kailath
-// for kMlTheta too, and for a series with missing values, unless there are more than the longest
-// lag, with each of them as one more coefficient (Gomez, Maravall and Pena 1999, "Missing
-// observations in ARIMA models: skipping approach versus additive outlier approach", Journal of
-// Econometrics 88, 341-363).
+// for kMlTheta too, and with each missing value as one more coefficient where there are not many
+// (Gomez, Maravall and Pena 1999, "Missing observations in ARIMA models: skipping approach versus
+// additive outlier approach", Journal of Econometrics 88, 341-363).
 //
 // Standard errors: of the inverse Hessian of the negative log-likelihood with v concentrated out,
 // in the coefficients as they are exported, all of them together (kMl, kMlTheta); of v (J'J)^-1, J

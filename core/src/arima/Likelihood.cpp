@@ -52,6 +52,10 @@ void Standardise(const Eigen::VectorXd& nu, Eigen::MatrixXd& columns) {
   }
 }
 
+// So many missing values, or as many as the state is long, take no more time as regressors than its
+// covariance does.
+constexpr std::size_t kFew = 8;
+
 // What the filter leaves of an effect that is below this share of it is rounding.
 constexpr double kRounding = 1e-10;
 
@@ -112,9 +116,8 @@ Likelihood::Likelihood(const Design& design, ArimaMethod method)
   lags_ = design.IsComplete() ? Eigen::MatrixXd(0, 1) : DiffuseLags(design.LagsBeforeFirst());
 
   const std::vector<double> parameters = OrdinaryPoint(design.Spec());
-  // More missing values than the state is long take more time as regressors than its covariance.
-  is_quick_ = method != ArimaMethod::kCls &&
-              design.MissingCases().size() <= NoiseModel(design.Spec(), parameters).StateLength();
+  const std::size_t length = NoiseModel(design.Spec(), parameters).StateLength();
+  is_quick_ = method != ArimaMethod::kCls && design.MissingCases().size() <= std::max(length, kFew);
   if (design.IsComplete() || is_quick_) differences_ = design.DifferencesWithMissing();
 
   const Evaluation ordinary = At(parameters);
