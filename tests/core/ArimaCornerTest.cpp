@@ -731,7 +731,7 @@ TEST(ArimaCorner, ConstantSeriesLeavesNothingToExplain) {
         EXPECT_EQ(fit.status, FitStatus::kNotIdentified);
         EXPECT_EQ(fit.message,
                   "the model leaves nothing to explain: after differences and effects the series "
-                  "is constant");
+                  "is constant; a smoothing model can continue such a series");
         ExpectSound(fit);
       }
     }
@@ -756,7 +756,8 @@ TEST(ArimaCorner, LineThatTheModelFollowsLeavesNothingToExplain) {
                                                   {{TSOutlierSpec::kInnovational, 0}}));
   EXPECT_EQ(fit.status, FitStatus::kNotIdentified);
   EXPECT_EQ(fit.message,
-            "the model leaves nothing to explain: it follows the series without an error");
+            "the model leaves nothing to explain: it follows the series without an error; a "
+            "smoothing model can continue such a series");
 }
 
 TEST(ArimaCorner, OrdersThatAreTooLargeAreRefused) {

@@ -1,9 +1,11 @@
 // The models found against those of R's auto.arima, tests/reference/auto_arima.csv.
 
 #include <cmath>
+#include <functional>
 #include <gtest/gtest.h>
 #include <ostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <tsfcore/tsfcore.h>
@@ -434,15 +436,22 @@ TEST(AutoArima, SeriesThatCannotBeModelledSayWhy) {
 }
 
 TEST(AutoArima, LinesAndRepeatedSeasonsLeaveNothingToModel) {
-  const auto line =
-      test::Generate(40, [](std::size_t t) { return 3 + 0.5 * static_cast<double>(t); });
-  const auto season = test::Generate(40, [](std::size_t t) { return static_cast<double>(t % 4); });
+  const auto line = [](std::size_t t) { return 3 + 0.5 * static_cast<double>(t); };
+  const auto season = [](std::size_t t) { return static_cast<double>(t % 4); };
   AutoArimaOptions options;
   options.season_length = 4;
-  for (const auto& series : {line, season}) {
+  for (const auto& [next, kind] :
+       {std::pair<std::function<double(std::size_t)>, int>{line, ESModelSpec::kHolt},
+        {season, ESModelSpec::kSimpleSeasonal}}) {
+    const auto series = test::Generate(40, next);
     const AutoArimaFit found = FitAutoArima(series, {}, options);
     EXPECT_EQ(found.fit.status, FitStatus::kNotIdentified);
     EXPECT_TRUE(found.fit.model.IsEmpty());
+    // There is a way on, and the message names it.
+    EXPECT_NE(found.fit.message.find("a smoothing model can continue"), std::string::npos);
+    const auto smoothing = test::Fit(series, kind, 4);
+    ASSERT_EQ(smoothing.status, FitStatus::kOk) << smoothing.message;
+    EXPECT_NEAR(tsffit::Forecast(smoothing.model, 3).value[2], next(42), 1e-6);
   }
 }
 

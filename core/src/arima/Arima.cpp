@@ -56,8 +56,7 @@ class ArimaFitter {
       return;
     }
     if (IsRounding(found.best)) {
-      RefuseArima(fit, FitStatus::kNotIdentified,
-                  "the model leaves nothing to explain: it follows the series without an error");
+      NothingLeft("it follows the series without an error", fit);
       return;
     }
     Deliver(likelihood, space, found, fit);
@@ -106,9 +105,7 @@ class ArimaFitter {
       return TooShort(there + needed - white.residuals, there, fit);
     }
     if (IsRounding(white)) {
-      return RefuseArima(fit, FitStatus::kNotIdentified,
-                         "the model leaves nothing to explain: after differences and effects the "
-                         "series is constant");
+      return NothingLeft("after differences and effects the series is constant", fit);
     }
     return true;
   }
@@ -121,6 +118,13 @@ class ArimaFitter {
     }
     const double rounding = 1e-13 * largest;
     return at.fit.sse <= rounding * rounding * static_cast<double>(at.residuals);
+  }
+
+  bool NothingLeft(const std::string& why, ArimaFit& fit) const {
+    std::string message = "the model leaves nothing to explain: " + why;
+    // Constants, lines and seasons that repeat themselves; smoothing makes no use of predictors.
+    if (spec_.GetXCount() == 0) message += "; a smoothing model can continue such a series";
+    return RefuseArima(fit, FitStatus::kNotIdentified, std::move(message));
   }
 
   void Deliver(const Likelihood& likelihood, const SearchSpace& space,
