@@ -23,14 +23,16 @@
 //       var(season + remainder), is above 0.64, as long as D is below its limit and the series
 //       has more than two seasons. Wang, X., Smith, K. and Hyndman, R. (2006),
 //       "Characteristic-based clustering for time series data", Data Mining and Knowledge Discovery
-//       13, 335-364. The decomposition is that of Cleveland, R. B., Cleveland, W. S., McRae, J. E.
-//       and Terpenning, I. (1990), "STL: a seasonal-trend decomposition procedure based on loess",
-//       Journal of Official Statistics 6, 3-73: no robustness iterations, seasonal window 11, trend
-//       window the least odd number from 1.5 m / (1 - 1.5 / 11).
+//       13, 335-364; the limit of 0.64 is that of R's package. The decomposition is that of
+//       Cleveland, R. B., Cleveland, W. S., McRae, J. E. and Terpenning, I. (1990), "STL: a
+//       seasonal-trend decomposition procedure based on loess", Journal of Official Statistics 6,
+//       3-73: no robustness iterations, seasonal window 11, trend window the least odd number
+//       from 1.5 m / (1 - 1.5 / 11).
 //   d   Differences are taken while the test of level stationarity of Kwiatkowski, D., Phillips,
 //       P. C. B., Schmidt, P. and Shin, Y. (1992), "Testing the null hypothesis of stationarity
 //       against the alternative of a unit root", Journal of Econometrics 54, 159-178, rejects at
-//       5 % (critical value 0.463, lag truncation 3 sqrt(n) / 13), as long as d is below its limit.
+//       5 % (critical value 0.463; lag truncation 3 sqrt(n) / 13, as in R's package), as long as d
+//       is below its limit.
 //
 // Both tests see the transformed series without its missing cases at either end, cleared by least
 // squares of the predictors (each with its delay, none of its lags) and of the outliers given. STL
@@ -42,6 +44,10 @@
 // The search begins at the models (2,2)(1,1), (0,0)(0,0), (1,0)(1,0) and (0,1)(0,1), and (0,0)(0,0)
 // without constant, as far as the limits allow, and tries the neighbours of the best model so far:
 // p, q or both one more or less, P, Q or both one more or less, with the constant and without.
+// The limits are those of the options and, as in R's package, a third of the observed cases for p
+// and q, a third of the seasons that these would fill for P and Q, and m - 1 for p where P may be
+// above 0, for q where Q may. With fewer than 10 observed cases the search begins with no order
+// above 1 and no seasonal one.
 // Where the paper goes on from the best model alone, it goes on from the best four, until the
 // neighbours of each have been tried; so it gets past models that are refused. An exhaustive search
 // tries all models up to an order instead.

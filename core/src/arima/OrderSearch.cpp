@@ -138,7 +138,7 @@ std::vector<ArmaOrders> OrderSearch::All() const {
 }
 
 std::vector<ArmaOrders> OrderSearch::Starts() const {
-  // Nine cases or fewer bear no more than one coefficient in each factor.
+  // As R's package has it.
   const bool isShort = observed_ < 10;
   const unsigned two = isShort ? 1 : 2;
   const unsigned one = isShort ? 0 : 1;

@@ -15,6 +15,7 @@ std::size_t OddFrom(double least) {
   return n % 2 == 0 ? n + 1 : n;
 }
 
+// With the bounds of the authors' program, which R's stl has, too.
 double Tricube(double distance, double width) {
   if (distance > 0.999 * width) return 0;
   if (distance <= 0.001 * width) return 1;
