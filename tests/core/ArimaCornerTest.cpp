@@ -142,6 +142,25 @@ TEST(ArimaCorner, AutoregressionBesideAUnitRoot) {
   }
 }
 
+// Least squares would have the coefficient above 1, where 1 - phi times the constant is the mean
+// step. The nearest that the region has is a walk with that step, whose constant is anything.
+TEST(ArimaCorner, ConstantBesideAUnitRootIsADriftToConditionalForecasts) {
+  const std::vector<double> series = Generate(80, [](std::size_t t) {
+    return 100 * std::pow(1.02, static_cast<double>(t)) + test::Noise(t);
+  });
+  const ArimaFit fit =
+      FitSpec(series, SpecOf({.ar = {1}, .has_constant = true}), ArimaMethod::kCls);
+  ASSERT_EQ(fit.status, FitStatus::kOk) << fit.message;
+  ExpectSound(fit);
+  EXPECT_NEAR(EstimatesOf(fit)[1], 1, 1e-6);
+  EXPECT_EQ(StdErrorsOf(fit), (std::vector<double>{MV::gMissingValue, MV::gMissingValue}));
+  const double step = (series.back() - series.front()) / 79;
+  const tsffit::Forecasts forecasts = tsffit::Forecast(fit.model, 24);
+  EXPECT_NEAR(forecasts.value[0], series.back() + step, 1e-3 * step);
+  EXPECT_NEAR(forecasts.value[23], series.back() + 24 * step, 1e-3 * step);
+  EXPECT_NEAR(forecasts.std_error[23], forecasts.std_error[0] * std::sqrt(24), 1e-3);
+}
+
 TEST(ArimaCorner, SeasonalAutoregressionBesideAUnitRoot) {
   test::NormalDraws draws(4);
   std::vector<double> phi(13, 0.0);

@@ -63,7 +63,9 @@
 // enforcing stationarity in ARMA models", Biometrika 71, 403-404), any other in its coefficients,
 // points outside the region refused; so every AR factor and denominator is stationary and every MA
 // factor invertible, or on the edge of it. Near a unit root of the AR part a constant is hardly
-// identified, least so by kCls, which has no likelihood of the first cases to hold it.
+// identified, least so by kCls, which has no likelihood of the first cases to hold it: where least
+// squares would cross the border, the model is a walk with a drift that only its forecasts tell,
+// the constant any large number, and neither coefficient has a standard error.
 //
 //   kMl       exact likelihood: without missing values by the recursions of Morf, Sidhu and Kailath
 //             (1974, "Some new algorithms for recursive estimation in constant, linear,
