@@ -340,6 +340,30 @@ TEST(AutoArima, OutliersOfASeriesWithoutAnyAreNone) {
   EXPECT_EQ(fit.fit.fitted, plain.fit.fitted);
 }
 
+// A model with as many coefficients as cases has no criterion, and is none; but three cases have
+// another criterion.
+TEST(AutoArima, OutliersOfAShortSeriesLeaveMoreCasesThanCoefficients) {
+  AutoArimaOptions options = Small();
+  options.detect_outliers = true;
+  for (const unsigned season : {1U, 7U}) {
+    options.season_length = season;
+    for (std::size_t n = 3; n < 16; ++n) {
+      for (std::size_t first = 0; first < 60; first += 20) {
+        auto series = test::Generate(n, [&](std::size_t t) {
+          return test::Noise(first + t) + static_cast<double>(t + t % 7);
+        });
+        const AutoArimaFit found = FitAutoArima(series, {}, options);
+        if (found.fit.status != FitStatus::kOk) continue;
+        const tsffit::ArimaSummary& summary = found.fit.summary;
+        if (summary.residuals > 3) {
+          EXPECT_GT(summary.residuals, summary.estimated + 2) << n << ' ' << season;
+        }
+        EXPECT_TRUE(std::isfinite(found.aicc)) << n << ' ' << season;
+      }
+    }
+  }
+}
+
 TEST(AutoArima, LeadingMissingCasesShiftNothing) {
   std::vector<double> series = Autoregression(0.6, 20, 150);
   series[90] += 12;

@@ -76,7 +76,8 @@ struct AutoArimaOptions {
 
   TSOutlierSpecList outliers{};  // known ones; cases counted from the first case of the series
   bool detect_outliers = false;  // look for others: in the model found first, then look for the
-                                 // model again with what there was, then for outliers once more
+                                 // model again with what there was, then for outliers once more;
+                                 // none where they would leave n <= k + 1
   OutlierSearch outlier_search{};
 
   // Orders of differencing to use whatever the tests would say.

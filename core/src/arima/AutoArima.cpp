@@ -1,3 +1,4 @@
+#include <cmath>
 #include <utility>
 
 #include <tsfcore/ARMAForecastState.h>
@@ -59,6 +60,20 @@ void DetectOutliers(std::span<const double> series, std::span<const std::vector<
   found.aicc = CorrectedAkaike(found.fit.summary);
 }
 
+// The same, unless the outliers leave too few cases for a criterion: then there are none.
+void DetectBearableOutliers(std::span<const double> series,
+                            std::span<const std::vector<double>> predictors,
+                            const AutoArimaOptions& options, ArimaOptions& model,
+                            AutoArimaFit& found) {
+  ArimaOptions modelBefore = model;
+  AutoArimaFit before = found;
+  DetectOutliers(series, predictors, options, model, found);
+  if (found.fit.status != FitStatus::kOk || std::isfinite(found.aicc)) return;
+  before.models_tried = found.models_tried;
+  model = std::move(modelBefore);
+  found = std::move(before);
+}
+
 }  // namespace
 
 AutoArimaFit FitAutoArima(std::span<const double> series,
@@ -85,7 +100,7 @@ AutoArimaFit FitAutoArima(std::span<const double> series,
   found.fit = search.Fit();
   found.aicc = search.Aicc();
   ArimaOptions model = search.OptionsOf(search.Orders());
-  if (options.detect_outliers) DetectOutliers(series, predictors, options, model, found);
+  if (options.detect_outliers) DetectBearableOutliers(series, predictors, options, model, found);
   if (found.fit.status == FitStatus::kOk && options.method != ArimaMethod::kMl) {
     model.method = options.method;
     found.fit = FitArima(series, predictors, model);
