@@ -162,11 +162,26 @@ Likelihood::Standardised Likelihood::FilterDifferences(ArimaMethod method, const
   result.flat = differences_.cols() - 1;
   result.columns.resize(differences_.rows(), differences_.cols() + effects.cols());
   result.columns.leftCols(differences_.cols()) = differences_;
-  result.columns.rightCols(effects.cols()) = effects;
+  result.columns.rightCols(effects.cols()) = OnObserved(effects);
   result.usable = FilterBy(method, arma, result.columns, result.nu);
   if (result.usable) Standardise(result.nu, result.columns);
   result.usable = result.usable && result.columns.allFinite();
   return result;
+}
+
+// Effects without what they do in missing cases, which is for the values missing there to explain:
+// beside it, what is left of a fading one in the cases after them would be rounding.
+Eigen::MatrixXd Likelihood::OnObserved(Eigen::MatrixXd effects) const {
+  if (design_.IsComplete() || effects.cols() == 0) return effects;
+  const Eigen::MatrixXd undifferenced = design_.Integrated(effects);
+  Eigen::Index flat = 0;
+  for (const std::size_t t : design_.MissingCases()) {
+    ++flat;
+    if (t < design_.First()) continue;
+    effects +=
+        differences_.col(flat) * undifferenced.row(static_cast<Eigen::Index>(t - design_.First()));
+  }
+  return effects;
 }
 
 Likelihood::Standardised Likelihood::FilterGaps(const Arma& arma,

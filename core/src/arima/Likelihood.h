@@ -69,6 +69,7 @@ class Likelihood {
   Standardised Filter(const Arma& arma, const Eigen::MatrixXd& effects) const;
   Standardised FilterDifferences(ArimaMethod method, const Arma& arma,
                                  const Eigen::MatrixXd& effects) const;
+  Eigen::MatrixXd OnObserved(Eigen::MatrixXd effects) const;
   Standardised FilterGaps(const Arma& arma, const Eigen::MatrixXd& effects) const;
   Evaluation Eliminate(Standardised filtered, std::vector<double> parameters) const;
   Evaluation QuicklyAt(std::vector<double> parameters) const;
