@@ -94,6 +94,60 @@ TEST(ArimaOutlierBeforeTheFit, FadedOneIsLeftOut) {
   }
 }
 
+// A pulse in the first case after a gap would be of a transient outlier in the gap that fades at
+// once, from any height.
+TEST(ArimaTransientOutlier, WithoutASizeIsLeftOut) {
+  std::vector<double> series = Draws(4, 100);
+  std::fill_n(series.begin() + 30, 6, kMissing);
+  series[36] = 8;
+  series[37] = -1;
+  AMModelSpec::Fields white;
+  const ArimaFit without = FitOk(series, white);
+  for (const long start : {30L, 35L}) {
+    white.outliers = TSOutlierSpecList({{TSOutlierSpec::kTransient, start}});
+    const ArimaFit fit = FitOk(series, white);
+    EXPECT_EQ(test::EstimatesOf(fit), (std::vector<double>{kMissing, kMissing})) << start;
+    EXPECT_EQ(test::StdErrorsOf(fit), (std::vector<double>{kMissing, kMissing})) << start;
+    EXPECT_EQ(fit.summary.estimated, 0U) << start;
+    EXPECT_NEAR(fit.summary.log_likelihood, without.summary.log_likelihood, 1e-9) << start;
+  }
+}
+
+// Beside differences, one in the first case that hardly fades would be a line from any height.
+TEST(ArimaTransientOutlier, IsNoDrift) {
+  std::vector<double> steps = Draws(1, 100);
+  for (double& step : steps) step += 10;
+  AMModelSpec::Fields walk;
+  walk.non_seasonal_diff = 1;
+  const std::vector<double> series = test::Summed(steps);
+  const ArimaFit without = FitOk(series, walk);
+  walk.outliers = TSOutlierSpecList({{TSOutlierSpec::kTransient, 0}});
+  const ArimaFit fit = FitOk(series, walk);
+  EXPECT_EQ(test::EstimatesOf(fit), (std::vector<double>{kMissing, kMissing}));
+  EXPECT_NEAR(fit.summary.log_likelihood, without.summary.log_likelihood, 1e-9);
+}
+
+// w d^k: from the first case that is seen, one that began k cases earlier is the same but for its
+// size.
+TEST(ArimaTransientOutlier, ThatBeganInAGapIsSeenInWhatFollows) {
+  std::vector<double> series = Draws(6, 120);
+  for (std::size_t t = 40; t < series.size(); ++t) {
+    series[t] += 20 * std::pow(0.8, static_cast<double>(t - 40));
+  }
+  std::fill_n(series.begin() + 40, 4, kMissing);
+  AMModelSpec::Fields white;
+  white.outliers = TSOutlierSpecList({{TSOutlierSpec::kTransient, 40}});
+  const ArimaFit began = FitOk(series, white);
+  white.outliers = TSOutlierSpecList({{TSOutlierSpec::kTransient, 44}});
+  const ArimaFit seen = FitOk(series, white);
+  const std::vector<double> a = test::EstimatesOf(began);
+  const std::vector<double> b = test::EstimatesOf(seen);
+  EXPECT_NEAR(began.summary.log_likelihood, seen.summary.log_likelihood, 1e-6);
+  EXPECT_NEAR(a[1], b[1], 1e-3);
+  EXPECT_NEAR(a[0] * std::pow(a[1], 4), b[0], 1e-3 * std::abs(b[0]));
+  EXPECT_NEAR(a[0], 20, 3 * test::StdErrorsOf(began)[0]);
+}
+
 // Effects that agree in white noise only.
 TEST(ArimaOutliers, AdditiveAndInnovationalOneInTheSameCaseAreTwo) {
   std::vector<double> series = Autoregression(0.7, 200, 3);

@@ -318,6 +318,25 @@ TEST(OutlierSearch, DecayOfATransientOutlierIsEstimated) {
   EXPECT_NEAR(estimates[2], 0.8, 0.05);
 }
 
+// Beside differences without a constant a transient one in the first case that never fades would be
+// the drift; it has no size.
+TEST(OutlierSearch, ADriftIsNoTransientOutlier) {
+  ArimaOptions options;
+  options.spec.non_seasonal_diff = 1;
+  OutlierSearch search;
+  search.types = {TSOutlierSpec::kTransient};
+  search.critical_value = 1.5;
+  for (std::uint64_t seed = 1; seed <= 30; ++seed) {
+    Random random(seed);
+    std::vector<double> steps(60);
+    for (double& step : steps) step = 1 + random.Normal();
+    const ArimaFit fit = FitArimaDetectingOutliers(Summed(steps, 1), {}, options, search);
+    ASSERT_EQ(fit.status, FitStatus::kOk) << fit.message;
+    const auto& estimates = ArimaStateOf(fit).GetParameterEstimates();
+    EXPECT_EQ(std::count(std::begin(estimates), std::end(estimates), MV::gMissingValue), 0) << seed;
+  }
+}
+
 TEST(OutlierSearch, SeasonalOutliersAndTrendsAreFoundWhenAskedFor) {
   auto seasonal = Noise(120);
   for (std::size_t t = 40; t < seasonal.size(); t += 4) seasonal[t] += 4;

@@ -95,7 +95,10 @@
 //
 // A coefficient that the data cannot tell from those before it (a predictor that is constant over
 // the sample beside a constant; the second of two identical outliers) is left out: its estimate is
-// missing and counts for nothing.
+// missing and counts for nothing. So is a transient outlier without a most likely size: one that
+// begins in a case that the likelihood does not see (a missing one) and has faded when the next one
+// is seen but for a first remainder, from any height; and one that begins where a shift of the
+// level would show in nothing (the first case, beside differences or a constant) and does not fade.
 namespace tsffit {
 
 enum class ArimaMethod { kMl, kMlTheta, kCls };

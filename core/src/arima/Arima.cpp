@@ -47,10 +47,9 @@ class ArimaFitter {
   void Run(ArimaFit& fit) {
     if (!HasRows(fit)) return;
     const Design design(spec_, data_);
-    const Likelihood likelihood(design, options_.method);
+    Likelihood likelihood(design, options_.method);
     if (!CanEstimate(likelihood, fit)) return;
-    const SearchSpace space(spec_, likelihood.LeftOut());
-    const ArimaSearchResult found = SearchArima(likelihood, space);
+    const auto [space, found] = SolveArima(likelihood);
     if (!found.best.usable) {
       RefuseArima(fit, FitStatus::kNotIdentified, "the likelihood of the model has no maximum");
       return;

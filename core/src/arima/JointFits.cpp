@@ -10,7 +10,6 @@
 #include "arima/Effects.h"
 #include "arima/Likelihood.h"
 #include "arima/Search.h"
-#include "arima/SearchSpace.h"
 
 namespace tsffit {
 
@@ -49,9 +48,8 @@ OutlierModel Extended(AMModelSpec::Fields spec, ArimaData data,
 
 JointFit Fitted(const OutlierModel& model) {
   const Design design(model.spec, model.data);
-  const Likelihood likelihood(design, ArimaMethod::kMl);
-  const SearchSpace space(model.spec, likelihood.LeftOut());
-  ArimaSearchResult found = SearchArima(likelihood, space);
+  Likelihood likelihood(design, ArimaMethod::kMl);
+  ArimaSearchResult found = SolveArima(likelihood).found;
   JointFit fit;
   fit.usable = found.best.usable && std::isfinite(found.best.Criterion());
   if (!fit.usable) return fit;
@@ -79,17 +77,17 @@ std::vector<FoundOutlier> JointFits::WithDecays(std::vector<FoundOutlier> outlie
   if (!fit.usable) return outliers;
   const TSOutlierSpecList& list = model.spec.GetOutliers();
   unsigned j = spec_.outliers.GetOutlierSpecCount(false);
-  for (FoundOutlier& outlier : outliers) {
-    if (outlier.type == TSOutlierSpec::kTransient) {
-      const double decay =
-          fit.parameters[model.spec.GetOutlierParmIndex() + list.ParameterVectorIndex(j, 1)];
-      if (decay != MV::gMissingValue) outlier.decay = decay;
+  std::vector<FoundOutlier> fitted;
+  for (FoundOutlier outlier : outliers) {
+    const bool transient = outlier.type == TSOutlierSpec::kTransient;
+    if (transient || outlier.type == TSOutlierSpec::kInnovational) {
+      const unsigned size = model.spec.GetOutlierParmIndex() + list.ParameterVectorIndex(j++, 0);
+      if (transient && fit.parameters[size] == MV::gMissingValue) continue;
+      if (transient) outlier.decay = fit.parameters[size + 1];
     }
-    if (outlier.type == TSOutlierSpec::kTransient || outlier.type == TSOutlierSpec::kInnovational) {
-      ++j;
-    }
+    fitted.push_back(outlier);
   }
-  return outliers;
+  return fitted;
 }
 
 }  // namespace tsffit

@@ -50,8 +50,8 @@ class JointFits {
   // Valid until this object ends.
   const JointFit& With(const std::vector<FoundOutlier>& outliers);
 
-  // The outliers with decays as a fit of the model with all of them estimates them; as they were
-  // where it does not.
+  // The outliers with decays as a fit of the model with all of them estimates them, without those
+  // that have no size there; as they were when there is no fit.
   std::vector<FoundOutlier> WithDecays(std::vector<FoundOutlier> outliers) const;
 
  private:

@@ -121,24 +121,35 @@ Likelihood::Likelihood(const Design& design, ArimaMethod method)
   if (design.IsComplete() || is_quick_) differences_ = design.DifferencesWithMissing();
 
   const Evaluation ordinary = At(parameters);
-  const Eigen::MatrixXd effects = design.Effects(parameters);
   const auto diffuse = static_cast<std::size_t>(lags_.cols()) - 1;
-  for (std::size_t j = 0; j < ordinary.fit.dropped.size(); ++j) {
-    if (j < diffuse) {
-      identified_ = identified_ && !ordinary.fit.dropped[j];
-      continue;
-    }
-    const auto filtered = static_cast<Eigen::Index>(j);
-    const auto effect = static_cast<Eigen::Index>(j - diffuse);
+  for (std::size_t j = 0; j < std::min(diffuse, ordinary.fit.dropped.size()); ++j) {
+    identified_ = identified_ && !ordinary.fit.dropped[j];
+  }
+  dropped_ = UntoldIn(ordinary, design.Effects(parameters));
+  if (design.EffectsAreFixed()) effects_ = KeptEffects(parameters);
+}
+
+std::vector<bool> Likelihood::UntoldIn(const Evaluation& evaluation,
+                                       const Eigen::MatrixXd& effects) const {
+  std::vector<bool> untold(dropped_.size(), false);
+  for (std::size_t j = 0; evaluation.usable && j < untold.size(); ++j) {
+    const auto effect = static_cast<Eigen::Index>(j);
+    const Eigen::Index filtered = lags_.cols() - 1 + effect;
     double size = effects.col(effect).norm();
     // An outlier that began in missing cases before the fit may have faded away.
-    if (design.LinearPositions()[j - diffuse] >= design.Spec().GetOutlierParmIndex()) {
+    if (design_.LinearPositions()[j] >= design_.Spec().GetOutlierParmIndex()) {
       size = std::max(size, 1.0);
     }
-    dropped_[j - diffuse] =
-        ordinary.fit.dropped[j] || ordinary.regressors.col(filtered).norm() <= kRounding * size;
+    untold[j] = evaluation.fit.dropped[static_cast<std::size_t>(filtered)] ||
+                evaluation.regressors.col(filtered).norm() <= kRounding * size;
   }
-  if (design.EffectsAreFixed()) effects_ = KeptEffects(parameters);
+  return untold;
+}
+
+bool Likelihood::LeaveOutRunaway(std::size_t linear, const std::vector<double>& limit) {
+  if (!UntoldIn(At(limit), KeptEffects(limit))[linear]) return false;
+  dropped_[linear] = true;
+  return true;
 }
 
 Eigen::MatrixXd Likelihood::KeptEffects(const std::vector<double>& parameters) const {

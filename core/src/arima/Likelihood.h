@@ -53,6 +53,10 @@ class Likelihood {
   // IsDropped() by position in the parameter vector.
   std::vector<bool> LeftOut() const;
 
+  // Leaves a linear coefficient out for good if the data do not tell it from the others at `limit`,
+  // which is where a search went that gained from ever larger values of it. Whether they do not.
+  bool LeaveOutRunaway(std::size_t linear, const std::vector<double>& limit);
+
   // The standardised errors of columns on the differenced series, as `regressors` of At() has them.
   // Without columns when not usable.
   Eigen::MatrixXd RegressorsOf(const Eigen::MatrixXd& effects,
@@ -74,6 +78,8 @@ class Likelihood {
   Evaluation Eliminate(Standardised filtered, std::vector<double> parameters) const;
   Evaluation QuicklyAt(std::vector<double> parameters) const;
   Eigen::MatrixXd KeptEffects(const std::vector<double>& parameters) const;
+  // By linear coefficient, whether `evaluation` does not tell it from those before it.
+  std::vector<bool> UntoldIn(const Evaluation& evaluation, const Eigen::MatrixXd& effects) const;
 
   const Design& design_;
   ArimaMethod method_;

@@ -120,8 +120,17 @@ class Detection {
       if (!fits_.With(more).usable) return;
       // An outlier may hide behind others that swell the variance, but not from a robust scale.
       if (std::max(Gain(more, found_), rivals.front().tau) < rules_.critical_value) return;
-      found_ = best.type == TSOutlierSpec::kTransient ? fits_.WithDecays(more) : more;
+      Take(found_, best);
     }
+  }
+
+  // What is found is `others` and another one. A transient one whose decay leaves it without a size
+  // is no outlier, and does not come back.
+  void Take(const Found& others, const FoundOutlier& added) {
+    found_ = With(others, added);
+    if (added.type != TSOutlierSpec::kTransient) return;
+    found_ = fits_.WithDecays(std::move(found_));
+    if (!IsExcluded(PlaceOf(added))) excluded_.insert(PlaceOf(added));
   }
 
   // For every type the case of the largest tau, near that of the largest of all, which comes first.
@@ -206,8 +215,7 @@ class Detection {
       }
       best = Settled(others, best);
       if (PlaceOf(best) == PlaceOf(found_[i])) continue;
-      found_ = With(others, best);
-      if (best.type == TSOutlierSpec::kTransient) found_ = fits_.WithDecays(found_);
+      Take(others, best);
     }
   }
 

@@ -5,6 +5,7 @@
 #include <limits>
 #include <numbers>
 #include <optional>
+#include <utility>
 
 #include "arima/Descent.h"
 #include "arima/Starts.h"
@@ -153,8 +154,7 @@ void Settle(Target& target, const SearchSpace& space, Candidate& best) {
   }
 }
 
-}  // namespace
-
+// The most likely point of the space.
 ArimaSearchResult SearchArima(const Likelihood& likelihood, const SearchSpace& space) {
   Target target(likelihood, space);
   std::vector<Candidate> candidates = CycleCandidates(target, space);
@@ -190,6 +190,37 @@ ArimaSearchResult SearchArima(const Likelihood& likelihood, const SearchSpace& s
   result.best = target.At(best.point);
   result.evaluations = target.Evaluations();
   return result;
+}
+
+// The linear coefficient, by its place in LinearPositions, at `position` in the parameter vector.
+std::size_t LinearAt(const Design& design, std::size_t position) {
+  const std::vector<std::size_t>& positions = design.LinearPositions();
+  return static_cast<std::size_t>(std::find(positions.begin(), positions.end(), position) -
+                                  positions.begin());
+}
+
+bool LeaveOutRunaways(const SearchSpace& space, const std::vector<double>& solution,
+                      Likelihood& likelihood) {
+  bool any = false;
+  for (const Block& block : space.Blocks()) {
+    if (block.kind != BlockKind::kDecay || !IsAtEdge(block, solution)) continue;
+    std::vector<double> limit = solution;
+    limit[block.first] = std::round(solution[block.first]);
+    const std::size_t size = LinearAt(likelihood.GetDesign(), block.first - 1);
+    any = likelihood.LeaveOutRunaway(size, limit) || any;
+  }
+  return any;
+}
+
+}  // namespace
+
+ArimaSolution SolveArima(Likelihood& likelihood) {
+  for (;;) {
+    SearchSpace space(likelihood.GetDesign().Spec(), likelihood.LeftOut());
+    ArimaSearchResult found = SearchArima(likelihood, space);
+    if (found.best.usable && LeaveOutRunaways(space, found.best.parameters, likelihood)) continue;
+    return {.space = std::move(space), .found = std::move(found)};
+  }
 }
 
 }  // namespace tsffit

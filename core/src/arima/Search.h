@@ -15,8 +15,16 @@ struct ArimaSearchResult {
   bool converged = false;  // a search begun anew at the solution gained nothing
 };
 
-// The most likely point of the space.
-ArimaSearchResult SearchArima(const Likelihood& likelihood, const SearchSpace& space);
+struct ArimaSolution {
+  SearchSpace space;  // of the coefficients searched for
+  ArimaSearchResult found{};
+};
+
+// The most likely point of the model of `likelihood`. A transient outlier is left out of
+// `likelihood` when its decay goes to an end of its range and nothing but ever larger sizes would
+// keep up its effect: to 0 when it begins in a case that the likelihood does not see, to 1 when it
+// begins where a shift of the level shows in nothing.
+ArimaSolution SolveArima(Likelihood& likelihood);
 
 }  // namespace tsffit
 
