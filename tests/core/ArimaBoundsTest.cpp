@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "ArimaSeries.h"
+#include "TestSeries.h"
 
 namespace tsffit {
 namespace {
@@ -146,6 +147,59 @@ TEST(ArimaTransientOutlier, ThatBeganInAGapIsSeenInWhatFollows) {
   EXPECT_NEAR(a[1], b[1], 1e-3);
   EXPECT_NEAR(a[0] * std::pow(a[1], 4), b[0], 1e-3 * std::abs(b[0]));
   EXPECT_NEAR(a[0], 20, 3 * test::StdErrorsOf(began)[0]);
+}
+
+// R 4.2.2, t counted from 0, d maximised over by optimize(.., tol = 1e-7):
+//   y <- log(AirPassengers) + 0.2 * (t == 30) - 0.15 * (t >= 60) + ifelse(t >= 100, 0.3 *
+//     0.7^(t - 100), 0) + 0.1 * (t >= 50 & (t - 50) %% 12 == 0) + 0.004 * pmax(t - 79, 0)
+//   D <- function(z) diff(diff(z, 12))
+//   arima(D(y), c(0, 0, 1), list(order = c(0, 0, 1), period = 12), xreg = D(X(d)),
+//     include.mean = FALSE, method = "ML", optim.control = list(reltol = 1e-14, maxit = 1000))
+// with these effects, of size 1, as the columns of X(d).
+TEST(ArimaOutliers, OfFiveTypesAreThoseOfR) {
+  std::vector<double> series = test::DataColumn("airpassengers.csv");
+  for (std::size_t t = 0; t < series.size(); ++t) {
+    series[t] = std::log(series[t]);
+    if (t == 30) series[t] += 0.2;
+    if (t >= 60) series[t] -= 0.15;
+    if (t >= 100) series[t] += 0.3 * std::pow(0.7, static_cast<double>(t - 100));
+    if (t >= 50 && (t - 50) % 12 == 0) series[t] += 0.1;
+    if (t >= 80) series[t] += 0.004 * static_cast<double>(t - 79);
+  }
+  AMModelSpec::Fields airline = {
+      .season_length = 12, .non_seasonal_diff = 1, .seasonal_diff = 1, .ma = {{1}, {12}}};
+  airline.outliers = TSOutlierSpecList({{TSOutlierSpec::kAdditive, 30},
+                                        {TSOutlierSpec::kLevel, 60},
+                                        {TSOutlierSpec::kTransient, 100},
+                                        {TSOutlierSpec::kSeasonalAdditive, 50},
+                                        {TSOutlierSpec::kTrend, 80}});
+  const ArimaFit fit = FitOk(series, airline);
+  EXPECT_NEAR(fit.summary.log_likelihood, 246.8710917, 1e-6);
+  const double expected[] = {0.4702678143, 0.5592268830, 0.1860089003, -0.2012192057,
+                             0.3071403574, 0.7632477235, 0.0928350703, 0.0005851858};
+  const std::vector<double> estimates = test::EstimatesOf(fit);
+  const std::vector<double> errors = test::StdErrorsOf(fit);
+  ASSERT_EQ(estimates.size(), std::size(expected));
+  for (std::size_t i = 0; i < estimates.size(); ++i) {
+    EXPECT_NEAR(estimates[i], expected[i], 0.02 * errors[i]) << i;
+  }
+}
+
+// R 4.2.2, t counted from 0, p maximised over by optimize(.., tol = 1e-9):
+//   arima(LakeHuron, c(1, 0, 0), xreg = ifelse(t >= 60, p^(t - 60), 0), fixed = c(p, NA, NA),
+//     transform.pars = FALSE, method = "ML", optim.control = list(reltol = 1e-14))
+TEST(ArimaOutliers, InnovationalOneIsThatOfR) {
+  AMModelSpec::Fields spec = Ar1With({{TSOutlierSpec::kInnovational, 60}});
+  spec.has_constant = true;
+  const ArimaFit fit = FitOk(test::DataColumn("lakehuron.csv"), spec);
+  EXPECT_NEAR(fit.summary.log_likelihood, -106.579652, 1e-6);
+  const double expected[] = {579.1086581, 0.8397602075, 0.1403268056};
+  const std::vector<double> estimates = test::EstimatesOf(fit);
+  const std::vector<double> errors = test::StdErrorsOf(fit);
+  ASSERT_EQ(estimates.size(), std::size(expected));
+  for (std::size_t i = 0; i < estimates.size(); ++i) {
+    EXPECT_NEAR(estimates[i], expected[i], 0.02 * errors[i]) << i;
+  }
 }
 
 // Effects that agree in white noise only.
