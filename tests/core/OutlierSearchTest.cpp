@@ -355,6 +355,16 @@ TEST(OutlierSearch, SeasonalOutliersAndTrendsAreFoundWhenAskedFor) {
   EXPECT_NEAR(static_cast<double>(bent[0].at), 50, 3);  // a trend begins imperceptibly
 }
 
+TEST(OutlierSearch, WithoutASeasonNoneIsSeasonal) {
+  auto series = Noise(120);
+  for (std::size_t t = 40; t < series.size(); ++t) series[t] += 6;
+  OutlierSearch search;
+  search.types = {TSOutlierSpec::kSeasonalAdditive};
+  EXPECT_TRUE(Found(series, MeanModel(), search).empty());
+  search.types.push_back(TSOutlierSpec::kLevel);
+  EXPECT_EQ(Found(series, MeanModel(), search), (std::vector<Outlier>{{kLevel, 40}}));
+}
+
 TEST(OutlierSearch, TypesThatCoincideAreTheFirst) {
   auto series = Noise(100);
   series[50] += 10;
@@ -387,6 +397,27 @@ TEST(OutlierSearch, MissingCasesAreNoOutliersAndHideNone) {
   series[60] += 10;
   for (const std::size_t t : {20U, 59U, 61U, 119U}) series[t] = MV::gMissingValue;
   EXPECT_EQ(Found(series, MeanModel()), (std::vector<Outlier>{{kAdditive, 60}}));
+}
+
+TEST(OutlierSearch, AShiftInAGapIsFoundInTheFirstCaseThatShowsIt) {
+  auto series = Noise(120);
+  for (std::size_t t = 52; t < series.size(); ++t) series[t] += 8;
+  std::fill_n(series.begin() + 50, 5, MV::gMissingValue);
+  EXPECT_EQ(Found(series, MeanModel()), (std::vector<Outlier>{{kLevel, 55}}));
+}
+
+// The likelihood begins in case 6, after the lags of the predictor.
+TEST(OutlierSearch, NothingIsFoundBeforeTheLikelihoodBegins) {
+  auto series = Noise(120);
+  for (std::size_t t = 4; t < 12; ++t) series[t] += 12 * std::pow(0.7, static_cast<double>(t - 4));
+  std::vector<std::vector<double>> predictors(1, Noise(240));
+  predictors[0].erase(predictors[0].begin(), predictors[0].begin() + 120);
+  ArimaOptions options = MeanModel();
+  options.spec.predictors = {{.delay = 6}};
+  const ArimaFit fit = FitArimaDetectingOutliers(series, predictors, options);
+  ASSERT_EQ(fit.status, FitStatus::kOk);
+  ASSERT_FALSE(OutliersOf(fit).empty());
+  for (const Outlier& outlier : OutliersOf(fit)) EXPECT_GE(outlier.at, 6U);
 }
 
 TEST(OutlierSearch, CasesCountFromTheFirstObservedOneInTheFittedModel) {
@@ -514,6 +545,41 @@ TEST(OutlierSearch, ShortSeriesAreSearchedToo) {
     const ArimaFit fit = FitArimaDetectingOutliers(Noise(n), {}, MeanModel());
     EXPECT_EQ(fit.status, plain.status) << n;
   }
+}
+
+// A fit asks for two cases more than coefficients.
+TEST(OutlierSearch, FindsNoMoreThanThereAreCasesFor) {
+  OutlierSearch search;
+  search.critical_value = 1;
+  search.max_outliers = 9;
+  for (const std::vector<TSOutlierSpec::Type>& types :
+       {search.types, {TSOutlierSpec::kTransient}, {TSOutlierSpec::kAdditive}}) {
+    search.types = types;
+    for (std::size_t n = 3; n < 14; ++n) {
+      auto series = Noise(n);
+      series[n / 2] += 100;
+      series[n / 3] -= 60;
+      const ArimaFit fit = FitArimaDetectingOutliers(series, {}, MeanModel(), search);
+      ASSERT_EQ(fit.status, FitStatus::kOk) << n << ": " << fit.message;
+      EXPECT_LE(fit.summary.estimated + 2, n);
+    }
+  }
+}
+
+// Nor than after the lags of a predictor, whichever cases are missing.
+TEST(OutlierSearch, FindsNoMoreThanThereAreCasesForBesideAPredictor) {
+  auto series = Noise(12);
+  for (const std::size_t t : {5U, 7U, 8U, 10U}) series[t] += 40 * static_cast<double>(t);
+  for (const std::size_t t : {1U, 2U}) series[t] = MV::gMissingValue;
+  ArimaOptions options = MeanModel();
+  options.spec.predictors = {{.delay = 4}};
+  const std::vector<std::vector<double>> predictors = {Noise(12)};
+  OutlierSearch search;
+  search.types = {TSOutlierSpec::kAdditive};
+  search.critical_value = 0.1;
+  search.max_outliers = 9;
+  const ArimaFit fit = FitArimaDetectingOutliers(series, predictors, options, search);
+  EXPECT_EQ(fit.status, FitStatus::kOk) << fit.message;
 }
 
 }  // namespace

@@ -37,6 +37,9 @@
 // nothing but additive ones, and a shift of the level in the second case is an additive outlier in
 // the first. Where types nearly agree, as in an autoregression of first order with coefficient 0.7
 // a transient and an innovational outlier do, the data decide between them as well as they can.
+//
+// Outliers are found in cases that the likelihood sees: not in missing ones, nor before the lags of
+// predictors let it begin. What happens there shows, if at all, in the first case after it.
 namespace tsffit {
 
 struct OutlierSearch {
@@ -45,15 +48,16 @@ struct OutlierSearch {
   // shows one; CriticalOutlierValue tells.
   double critical_value = 0;
 
-  // What to look for: any but kNone and kVarianceChange; duplicates count once. Empty: nothing.
+  // What to look for: any but kNone and kVarianceChange; duplicates count once. Seasonal outliers
+  // are looked for only in models with a season of at least 2. Empty: nothing.
   std::vector<TSOutlierSpec::Type> types = {TSOutlierSpec::kAdditive, TSOutlierSpec::kLevel,
                                             TSOutlierSpec::kTransient,
                                             TSOutlierSpec::kInnovational};
 
   double transient_decay = 0.7;  // between 0 and 1, both excluded
 
-  // Outliers to find at most, those given not counted. 0: one for every twenty observed cases, at
-  // least one and at most 20.
+  // Outliers to find at most, those given not counted, and no more than a fit has cases for. 0: one
+  // for every twenty observed cases, at least one and at most 20.
   std::size_t max_outliers = 0;
 };
 
@@ -72,7 +76,8 @@ TSF_EXPORT double CriticalOutlierValue(std::size_t observed, std::size_t types);
 // A series half of whose residuals are the same has no scale to judge outliers by; none is found.
 //
 // Time: about ten fits for each outlier, and as many again to test them where there are several: 5
-// to 20 ms for 150 cases. Deterministic; never throws on data; memory exhaustion passes through as
+// to 20 ms for 150 cases, with missing cases and transient outliers given as long as a second for
+// each. Deterministic; never throws on data; memory exhaustion passes through as
 // std::bad_alloc. Any number of threads.
 //
 //   tsffit::ArimaOptions options;  // a mean, and what disturbs it

@@ -60,6 +60,11 @@ JointFit Fitted(const OutlierModel& model) {
 
 }  // namespace
 
+bool JointFits::Sees(std::size_t at) const {
+  const AMModelSpec spec(spec_);
+  return at + DifferenceDegree(spec) >= FirstPeriod(spec) && data_.series[at] != MV::gMissingValue;
+}
+
 OutlierModel JointFits::ModelWith(const std::vector<FoundOutlier>& outliers) const {
   return Extended(spec_, data_, outliers, {TSOutlierSpec::kInnovational});
 }

@@ -44,6 +44,9 @@ class JointFits {
 
   std::size_t Cases() const { return data_.series.size(); }
 
+  // Whether the likelihood sees a case: what happens in another shows in later ones alone.
+  bool Sees(std::size_t at) const;
+
   // `outliers` in rising order, here and below.
   OutlierModel ModelWith(const std::vector<FoundOutlier>& outliers) const;
 

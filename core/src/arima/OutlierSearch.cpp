@@ -12,6 +12,7 @@
 #include <tsffit/Outliers.h>
 
 #include "arima/Check.h"
+#include "arima/Effects.h"
 #include "arima/JointFits.h"
 #include "arima/ModelledData.h"
 #include "arima/OutlierScan.h"
@@ -38,6 +39,8 @@ constexpr double kEqual = 1e-4;
 
 // The scan, with parameters that do not know the outlier yet, may understate it by this share.
 constexpr double kWorthALook = 0.8;
+
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 constexpr int kRounds = 4;
 
@@ -68,6 +71,7 @@ struct Rules {
   double critical_value = 0;
   double decay = 0;
   std::size_t max_outliers = 0;
+  std::size_t max_coefficients = 0;          // of outliers, for which there are cases
   std::vector<TSOutlierSpec::Type> types{};  // in the order of kTypes
 };
 
@@ -89,9 +93,19 @@ class Detection {
   }
 
  private:
+  // Minus infinity for what cannot be fitted.
   double LogLikelihood(const Found& outliers) {
+    if (Coefficients(outliers) > rules_.max_coefficients) return -kInfinity;
     const JointFit& fit = fits_.With(outliers);
-    return fit.usable ? fit.log_likelihood : -std::numeric_limits<double>::infinity();
+    return fit.usable ? fit.log_likelihood : -kInfinity;
+  }
+
+  static std::size_t Coefficients(const Found& outliers) {
+    std::size_t count = 0;
+    for (const FoundOutlier& outlier : outliers) {
+      count += TSOutlierSpec(outlier.type, 0).GetParameterCount();
+    }
+    return count;
   }
 
   // The root of twice what `more` gains over `fewer`.
@@ -105,7 +119,7 @@ class Detection {
   }
 
   bool IsExcluded(const Place& place) const {
-    return excluded_.count(place) > 0 ||
+    return excluded_.count(place) > 0 || !fits_.Sees(place.first) ||
            std::any_of(found_.begin(), found_.end(),
                        [&](const FoundOutlier& outlier) { return PlaceOf(outlier) == place; });
   }
@@ -117,7 +131,7 @@ class Detection {
       if (rivals.empty()) return;
       const FoundOutlier best = Settled(found_, Likeliest(found_, rivals));
       const Found more = With(found_, best);
-      if (!fits_.With(more).usable) return;
+      if (LogLikelihood(more) == -kInfinity) return;
       // An outlier may hide behind others that swell the variance, but not from a robust scale.
       if (std::max(Gain(more, found_), rivals.front().tau) < rules_.critical_value) return;
       Take(found_, best);
@@ -262,19 +276,32 @@ bool CheckSearch(const OutlierSearch& search, ArimaFit& fit) {
   return true;
 }
 
-Rules RulesOf(const OutlierSearch& search, std::size_t observed) {
-  Rules rules{.decay = search.transient_decay};
+// What is looked for in a model with a season of `seasonLength`, in the order of kTypes.
+std::vector<TSOutlierSpec::Type> TypesOf(const OutlierSearch& search, unsigned seasonLength) {
+  std::vector<TSOutlierSpec::Type> types;
   for (const TSOutlierSpec::Type type : kTypes) {
+    if (type == TSOutlierSpec::kSeasonalAdditive && seasonLength < 2) continue;
     if (std::find(search.types.begin(), search.types.end(), type) != search.types.end()) {
-      rules.types.push_back(type);
+      types.push_back(type);
     }
   }
+  return types;
+}
+
+// `fit` is that without the outliers to be found.
+Rules RulesOf(const OutlierSearch& search, const AMModelSpec& spec, std::size_t observed,
+              const ArimaFit& fit) {
+  Rules rules{.decay = search.transient_decay,
+              .types = TypesOf(search, spec.GetSeasonLength(true))};
   rules.critical_value = search.critical_value > 0
                              ? search.critical_value
                              : CriticalOutlierValue(observed, rules.types.size());
   rules.max_outliers = search.max_outliers > 0
                            ? search.max_outliers
                            : std::clamp<std::size_t>(observed / 20, 1, kMostOutliers);
+  // A fit asks for two cases more than coefficients, in the likelihood and after the longest lags.
+  rules.max_coefficients = std::min(fit.summary.residuals, observed - FirstPeriod(spec)) -
+                           spec.GetParameterCount(true) - 2;
   return rules;
 }
 
@@ -325,7 +352,7 @@ ArimaFit FitArimaDetectingOutliers(std::span<const double> series,
   ArimaData data = MakeArimaData(AMModelSpec(spec), modelled, predictors, first);
   const auto observed = modelled.size() - static_cast<std::size_t>(std::count(
                                               modelled.begin(), modelled.end(), MV::gMissingValue));
-  const Rules rules = RulesOf(search, observed);
+  const Rules rules = RulesOf(search, AMModelSpec(spec), observed, fit);
   std::set<Place> given = Given(spec.outliers);
   JointFits fits(std::move(spec), std::move(data));
   const Found found = Detection(fits, rules, std::move(given)).Run();
