@@ -211,6 +211,16 @@ std::vector<double> Simulate(const Process& process, std::size_t n, Random& rand
 
 constexpr std::size_t kLengths[] = {120, 150, 180, 210, 250};
 
+// So many that the shares depend little on the numbers drawn: 91.5 % are found, and 3.8 % of the
+// series show a false one, with standard errors of 0.9 and 0.6 %. With the true coefficients and
+// variance 93 % could be found (docs/decisions.md). AddressSanitizer makes a search some thirty
+// times as long, and its code is the same for every series.
+#ifdef __SANITIZE_ADDRESS__
+constexpr std::size_t kSimulated = 200;
+#else
+constexpr std::size_t kSimulated = 1000;
+#endif
+
 // Combinations in which the data can tell one type from the others. Left out are, among others,
 // innovational outliers in white noise (additive ones), transient and innovational ones in the
 // autoregression with coefficient 0.7 (the same effect), and all in the lively simple smoothing,
@@ -234,11 +244,10 @@ TEST(OutlierSearch, FiveSigmaOutliersAreFoundWithTypeAndPlace) {
               3)
         << type;
   }
-  // Over twelve seeds 91.3 % are found, and 3.5 % of the series show a false one.
-  Random random(3);
+  Random random(1);
   int hits = 0;
   int withFalseOnes = 0;
-  for (std::size_t i = 0; i < 200; ++i) {
+  for (std::size_t i = 0; i < kSimulated; ++i) {
     const auto& [process, type] = combinations[i % combinations.size()];
     const std::size_t n = kLengths[random.Below(std::size(kLengths))];
     const Outlier outlier{type, 20 + random.Below(n - 40)};
@@ -252,21 +261,20 @@ TEST(OutlierSearch, FiveSigmaOutliersAreFoundWithTypeAndPlace) {
   }
   RecordProperty("hits", hits);
   RecordProperty("with_false_ones", withFalseOnes);
-  EXPECT_GE(hits, 180);
-  EXPECT_LE(withFalseOnes, 10);
+  EXPECT_GE(hits, 0.90 * kSimulated);
+  EXPECT_LE(withFalseOnes, 0.05 * kSimulated);
 }
 
 TEST(OutlierSearch, SeriesWithoutOutliersShowNone) {
-  // Over twelve seeds 2.5 % show one.
-  Random random(3);
+  Random random(1);
   int withFalseOnes = 0;
-  for (std::size_t i = 0; i < 200; ++i) {
+  for (std::size_t i = 0; i < kSimulated; ++i) {
     const Process& process = kProcesses[i % std::size(kProcesses)];
     const std::size_t n = kLengths[random.Below(std::size(kLengths))];
     withFalseOnes += Found(Simulate(process, n, random), process.Options()).empty() ? 0 : 1;
   }
   RecordProperty("with_false_ones", withFalseOnes);
-  EXPECT_LE(withFalseOnes, 10);
+  EXPECT_LE(withFalseOnes, 0.05 * kSimulated);
 }
 
 TEST(OutlierSearch, NileFellIn1899) {
