@@ -16,7 +16,7 @@ Eigen::VectorXd WhiteResiduals(const Likelihood& likelihood, const SearchSpace& 
   return likelihood.At(std::move(parameters)).fit.residuals;
 }
 
-// Column k holds the series k + 1 periods earlier, for the rows from `first` on.
+// The series `lag` periods earlier, for the rows from `first` on.
 Eigen::VectorXd Lagged(const Eigen::VectorXd& series, Eigen::Index first, std::size_t lag) {
   return series.segment(first - static_cast<Eigen::Index>(lag), series.size() - first);
 }
