@@ -149,6 +149,16 @@ TEST(ArimaTransientOutlier, ThatBeganInAGapIsSeenInWhatFollows) {
   EXPECT_NEAR(a[0], 20, 3 * test::StdErrorsOf(began)[0]);
 }
 
+// Coefficients within 0.02 of their standard errors.
+void ExpectEstimates(const ArimaFit& fit, const std::vector<double>& expected) {
+  const std::vector<double> estimates = test::EstimatesOf(fit);
+  const std::vector<double> errors = test::StdErrorsOf(fit);
+  ASSERT_EQ(estimates.size(), expected.size());
+  for (std::size_t i = 0; i < estimates.size(); ++i) {
+    EXPECT_NEAR(estimates[i], expected[i], 0.02 * errors[i]) << i;
+  }
+}
+
 // R 4.2.2, t counted from 0, d maximised over by optimize(.., tol = 1e-7):
 //   y <- log(AirPassengers) + 0.2 * (t == 30) - 0.15 * (t >= 60) + ifelse(t >= 100, 0.3 *
 //     0.7^(t - 100), 0) + 0.1 * (t >= 50 & (t - 50) %% 12 == 0) + 0.004 * pmax(t - 79, 0)
@@ -175,14 +185,8 @@ TEST(ArimaOutliers, OfFiveTypesAreThoseOfR) {
                                         {TSOutlierSpec::kTrend, 80}});
   const ArimaFit fit = FitOk(series, airline);
   EXPECT_NEAR(fit.summary.log_likelihood, 246.8710917, 1e-6);
-  const double expected[] = {0.4702678143, 0.5592268830, 0.1860089003, -0.2012192057,
-                             0.3071403574, 0.7632477235, 0.0928350703, 0.0005851858};
-  const std::vector<double> estimates = test::EstimatesOf(fit);
-  const std::vector<double> errors = test::StdErrorsOf(fit);
-  ASSERT_EQ(estimates.size(), std::size(expected));
-  for (std::size_t i = 0; i < estimates.size(); ++i) {
-    EXPECT_NEAR(estimates[i], expected[i], 0.02 * errors[i]) << i;
-  }
+  ExpectEstimates(fit, {0.4702678143, 0.5592268830, 0.1860089003, -0.2012192057, 0.3071403574,
+                        0.7632477235, 0.0928350703, 0.0005851858});
 }
 
 // R 4.2.2, t counted from 0, p maximised over by optimize(.., tol = 1e-9):
@@ -193,13 +197,7 @@ TEST(ArimaOutliers, InnovationalOneIsThatOfR) {
   spec.has_constant = true;
   const ArimaFit fit = FitOk(test::DataColumn("lakehuron.csv"), spec);
   EXPECT_NEAR(fit.summary.log_likelihood, -106.579652, 1e-6);
-  const double expected[] = {579.1086581, 0.8397602075, 0.1403268056};
-  const std::vector<double> estimates = test::EstimatesOf(fit);
-  const std::vector<double> errors = test::StdErrorsOf(fit);
-  ASSERT_EQ(estimates.size(), std::size(expected));
-  for (std::size_t i = 0; i < estimates.size(); ++i) {
-    EXPECT_NEAR(estimates[i], expected[i], 0.02 * errors[i]) << i;
-  }
+  ExpectEstimates(fit, {579.1086581, 0.8397602075, 0.1403268056});
 }
 
 // Effects that agree in white noise only.
