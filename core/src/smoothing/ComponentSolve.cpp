@@ -39,6 +39,7 @@ class NormalSum {
   static constexpr double kRidge = 1e-11;
 
   void Flush() {
+    if (used_ == 0) return;  // Eigen's rankUpdate() divides by the number of columns
     const auto rows = rows_.leftCols(used_);
     right_.noalias() += rows * errors_.head(used_);
     matrix_.selfadjointView<Eigen::Lower>().rankUpdate(rows);
