@@ -12,17 +12,18 @@ from pathlib import Path
 
 PUBLIC = {"include", "contract"}  # ground floor
 ARROWS = {
+    "kinds": {"kinds", "contract"},
     "include": {"include", "contract"},
     "contract": {"contract"},
     "core/include/tsffit": {"core/include/tsffit", "contract"},
-    "core/src": {"core/src", "core/include/tsffit", "contract"},
+    "core/src": {"core/src", "core/include/tsffit", "kinds", "contract"},
     "xml": {"xml", "include/xml"},
     "datespec": {"datespec", "xml"} | PUBLIC,
-    "tsxml": {"tsxml", "datespec", "xml"} | PUBLIC,
-    "pmml": {"pmml", "datespec", "xml"} | PUBLIC,
+    "tsxml": {"tsxml", "datespec", "xml", "kinds"} | PUBLIC,
+    "pmml": {"pmml", "datespec", "xml", "kinds"} | PUBLIC,
     "export": {"export", "tsxml", "pmml", "datespec", "xml"} | PUBLIC,
     "objstream": {"objstream", "xml", "include"},
-    "cli": {"cli", "core/include/tsffit"} | PUBLIC,
+    "cli": {"cli", "kinds", "core/include/tsffit"} | PUBLIC,
     "examples": {"examples", "core/include/tsffit"} | PUBLIC,
 }
 # Tests, benchmarks and fuzz targets may look everywhere.
@@ -62,7 +63,7 @@ def places_of_include(kind, target, source):
             name = target.split("/", 1)[1]
             return {"include", "include/xml"} if name in XML_HEADERS else {"include"}
         return None
-    if source.startswith("core/src"):
+    if source.startswith("core/src") and not target.startswith("kinds/"):
         return {"core/src"}  # its include root is its own folder
     return {target.split("/", 1)[0]}
 
