@@ -1,9 +1,10 @@
 #ifndef TSXPORT_CLI_ERRORS_H_
 #define TSXPORT_CLI_ERRORS_H_
 
-#include <cstddef>
 #include <stdexcept>
 #include <string>
+
+#include "text/Place.h"
 
 // What ends a run of the command early. Each kind has an exit status of its own and what() is the
 // line for people, without the command's name in front.
@@ -14,28 +15,16 @@ inline constexpr int kExitOutput = 1;   // an output could not be written, or me
 inline constexpr int kExitInput = 2;    // the command line or the input is wrong; nothing written
 inline constexpr int kExitPartial = 3;  // some series could not be fitted; the others are written
 
-// A place in a text file: line and column count from 1, columns in characters. Line 0 means no
-// place in particular.
-struct Place {
-  std::size_t line = 0;
-  std::size_t column = 0;
-
-  bool operator==(const Place&) const = default;
-};
-
-// "FILE:LINE:COLUMN: CAUSE" on one line, without LINE:COLUMN when there is no place.
-std::string LocatedMessage(const std::string& file, Place place, const std::string& cause);
-
 // The input file says something impossible.
 class InputError : public std::runtime_error {
  public:
-  InputError(const std::string& file, Place place, const std::string& cause)
-      : std::runtime_error(LocatedMessage(file, place, cause)), place_(place) {}
+  InputError(const std::string& file, text::Place place, const std::string& cause)
+      : std::runtime_error(text::LocatedMessage(file, place, cause)), place_(place) {}
 
-  Place place() const { return place_; }
+  text::Place place() const { return place_; }
 
  private:
-  Place place_;
+  text::Place place_;
 };
 
 // The command line asks for something impossible.

@@ -3,8 +3,8 @@
 #include <unistd.h>
 #include <vector>
 
-#include "cli/Command.h"
-#include "cli/Signals.h"
+#include "cli/commands/Command.h"
+#include "cli/system/Signals.h"
 
 int main(int argc, char** argv) {
   tsx::cli::HandleSignals();

@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
-#include "cli/CsvReader.h"
 #include "cli/Errors.h"
-#include "cli/Series.h"
+#include "cli/table/CsvReader.h"
+#include "cli/table/Series.h"
 
 // Any bytes as a CSV file. They give either a table, which written and read again gives the same
 // table, or an error at a place inside the file. From a table come either series, one value for
@@ -24,7 +24,7 @@ void Require(bool holds, const char* law) {
 }
 
 // A place may lie behind the last character and behind the last line end.
-void CheckPlace(Place place, std::string_view bytes) {
+void CheckPlace(tsx::text::Place place, std::string_view bytes) {
   std::size_t lineEnds = 0;
   for (const char c : bytes) lineEnds += c == '\n' || c == '\r' ? 1 : 0;
   Require(1 <= place.line && place.line <= lineEnds + 1, "the line of an error is in the file");

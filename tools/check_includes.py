@@ -23,7 +23,11 @@ ARROWS = {
     "pmml": {"pmml", "datespec", "xml", "kinds"} | PUBLIC,
     "export": {"export", "tsxml", "pmml", "datespec", "xml"} | PUBLIC,
     "objstream": {"objstream", "xml", "include"},
-    "cli": {"cli", "kinds", "core/include/tsffit"} | PUBLIC,
+    "text": {"text"},
+    "times": {"times"} | PUBLIC,
+    "models": {"models", "cli", "times", "text", "kinds", "core/include/tsffit"} | PUBLIC,
+    "report": {"report", "cli", "models", "times", "text", "kinds", "core/include/tsffit"} | PUBLIC,
+    "cli": {"cli", "report", "models", "times", "text", "kinds", "core/include/tsffit"} | PUBLIC,
     "examples": {"examples", "core/include/tsffit"} | PUBLIC,
 }
 # Tests, benchmarks and fuzz targets may look everywhere.

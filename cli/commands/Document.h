@@ -1,0 +1,27 @@
+#ifndef TSXPORT_CLI_COMMANDS_DOCUMENT_H_
+#define TSXPORT_CLI_COMMANDS_DOCUMENT_H_
+
+#include <string>
+#include <vector>
+
+#include "models/ModelChoice.h"
+
+namespace tsx::cli {
+
+enum class DocumentFormat { kTscxml, kPmml };
+
+struct DocumentOptions {
+  DocumentFormat format = DocumentFormat::kTscxml;
+  std::string descriptor;       // of every model
+  unsigned season_length = 0;   // asked for; 0: the calendar's own
+  bool first_case_day = false;  // on every axis, which must have a Day period
+};
+
+// The document of all fitted series. Series with equivalent calendars share a date
+// specification. Hopeless series are left out; at least one is not.
+// PMML is for series that PmmlCheck.h has nothing against.
+std::string DocumentText(const std::vector<FittedSeries>& fitted, const DocumentOptions& options);
+
+}  // namespace tsx::cli
+
+#endif  // TSXPORT_CLI_COMMANDS_DOCUMENT_H_

@@ -1,0 +1,168 @@
+#include "cli/commands/FitCommand.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <optional>
+#include <system_error>
+
+#include "cli/commands/Document.h"
+#include "cli/commands/PmmlCheck.h"
+#include "cli/system/FitJobs.h"
+#include "cli/system/Progress.h"
+#include "cli/system/SafeFile.h"
+#include "cli/table/CsvReader.h"
+#include "report/ForecastTable.h"
+#include "report/Plot.h"
+#include "report/Summary.h"
+#include "text/Text.h"
+
+namespace tsx::cli {
+namespace {
+
+bool IsSameFile(const std::string& a, const std::string& b) {
+  std::error_code error;
+  return TargetOf(a) == TargetOf(b) || std::filesystem::equivalent(a, b, error);
+}
+
+// No output may fall on the input, or on another output.
+void CheckPaths(const FitOptions& options) {
+  const bool toFile = !options.output.empty() && options.output != "-";
+  const auto refuse = [](const char* option, const std::string& path, const char* what) {
+    throw UsageError(std::string(option) + ": " + text::Quoted(path) + " is " + what);
+  };
+  if (toFile && IsSameFile(options.output, options.input)) {
+    refuse("-o", options.output, "the input file");
+  }
+  if (options.plot.empty()) return;
+  if (IsSameFile(options.plot, options.input)) refuse("--plot", options.plot, "the input file");
+  if (toFile && IsSameFile(options.plot, options.output)) {
+    refuse("--plot", options.plot, "the file of -o");
+  }
+}
+
+// What is asked of the calendar must be possible on every axis.
+void CheckAxes(const std::vector<Series>& all, const FitOptions& options) {
+  for (const Series& series : all) {
+    const DateAxis& axis = *series.axis;
+    if (options.first_case_day && !axis.HasPeriod(TSXDateSpec::Day)) {
+      throw UsageError("--first-case-day: the calendar of " + text::Quoted(series.model_name) +
+                       " (" + axis.name + ") has no days");
+    }
+    const bool numbered = axis.HasPeriod(TSXDateSpec::SimpleSequence);
+    if (options.gaps && numbered && axis.CaseCount() > axis.row_cases.size()) {
+      throw UsageError(
+          "--gaps: running numbers have no gaps; without it, skipped numbers become "
+          "missing values");
+    }
+  }
+}
+
+std::vector<FittedSeries> FitAll(const std::vector<Series>& all, const FitOptions& options,
+                                 const Streams& io) {
+  std::vector<FittedSeries> fitted(all.size());
+  ProgressBar bar(io.err, io.err_is_terminal, all.size());
+  RunJobs(
+      all.size(), options.jobs,
+      [&](std::size_t i) { fitted[i] = FitSeries(all[i], options.model); },
+      [&bar] { bar.Advance(); });
+  return fitted;
+}
+
+bool IsHopeless(const FittedSeries& fitted) { return fitted.kind == nullptr; }
+
+std::string HopelessText(const FittedSeries& fitted) {
+  return fitted.fault + " (series \"" + text::Printable(fitted.series->model_name) + "\")";
+}
+
+// Names the hopeless series. When there are no others, that ends the run.
+int ReportHopeless(const std::string& file, const std::vector<FittedSeries>& fitted,
+                   std::ostream& err) {
+  const auto hopeless = std::count_if(fitted.begin(), fitted.end(), IsHopeless);
+  if (static_cast<std::size_t>(hopeless) == fitted.size()) {
+    const FittedSeries& first = fitted.front();
+    const std::string more =
+        hopeless > 1 ? "; none of the " + std::to_string(hopeless) + " series can be fitted" : "";
+    throw InputError(file, first.fault_place, HopelessText(first) + more);
+  }
+  for (const FittedSeries& one : fitted) {
+    if (!IsHopeless(one)) continue;
+    err << "tsxport: " << text::LocatedMessage(file, one.fault_place, HopelessText(one)) << '\n';
+  }
+  return hopeless > 0 ? kExitPartial : kExitOk;
+}
+
+unsigned PlotHorizon(const std::vector<FittedSeries>& fitted, const FitOptions& options) {
+  constexpr unsigned kWithoutSeason = 10;
+  constexpr unsigned kMost = 200;
+  if (options.forecast > 0) return options.forecast;
+  unsigned season = 1;
+  for (const FittedSeries& one : fitted) season = std::max(season, one.season_length);
+  return season > 1 ? std::min(2 * season, kMost) : kWithoutSeason;
+}
+
+// What people are told: whole summaries, or a line each where a document tells the rest.
+std::string ReportText(const std::vector<FittedSeries>& fitted, const FitOptions& options) {
+  const bool chosen = LeavesChoice(options.model);
+  std::string report;
+  for (const FittedSeries& one : fitted) {
+    if (IsHopeless(one)) continue;
+    if (options.output.empty() && !report.empty()) report += '\n';
+    report += options.output.empty() ? SummaryText(one, chosen) : SummaryLine(one, chosen);
+  }
+  const auto models = fitted.size() - static_cast<std::size_t>(
+                                          std::count_if(fitted.begin(), fitted.end(), IsHopeless));
+  if (!options.output.empty() && options.output != "-") {
+    report += "wrote " + text::Printable(options.output) + " (" + std::to_string(models) +
+              (models == 1 ? " model)\n" : " models)\n");
+  }
+  if (!options.plot.empty()) {
+    report += "wrote " + text::Printable(options.plot);
+    if (models > kMostPanels) report += " (the first " + std::to_string(kMostPanels) + " series)";
+    report += '\n';
+  }
+  return report;
+}
+
+// Everything is made in memory first, then every file beside its target, then all are put in place.
+void WriteAll(const std::vector<FittedSeries>& fitted, const FitOptions& options,
+              const Streams& io) {
+  std::string document;
+  if (!options.output.empty()) {
+    document = DocumentText(fitted, {.format = options.format,
+                                     .descriptor = options.descriptor,
+                                     .season_length = options.model.season_length,
+                                     .first_case_day = options.first_case_day});
+  }
+  std::string drawing;
+  if (!options.plot.empty()) drawing = PlotText(fitted, PlotHorizon(fitted, options));
+
+  const bool toFile = !options.output.empty() && options.output != "-";
+  std::optional<SafeFile> modelFile;
+  std::optional<SafeFile> plotFile;
+  if (toFile) modelFile.emplace(options.output, document);
+  if (!options.plot.empty()) plotFile.emplace(options.plot, drawing);
+  if (modelFile) modelFile->Commit();
+  if (plotFile) plotFile->Commit();
+
+  if (options.output == "-") io.out << document;
+  if (options.forecast > 0) io.out << ForecastTable(fitted, options.forecast);
+  const bool dataOnOutput = options.output == "-" || options.forecast > 0;
+  (dataOnOutput ? io.err : io.out) << ReportText(fitted, options);
+  if (!io.out.flush()) throw OutputError("standard output: cannot be written");
+}
+
+}  // namespace
+
+int RunFit(const FitOptions& options, const Streams& io) {
+  CheckPaths(options);
+  const CsvTable table = ReadCsvFile(options.input);
+  const std::vector<Series> all = ReadSeries(table, {options.columns, options.name, options.gaps});
+  CheckAxes(all, options);
+  if (options.format == DocumentFormat::kPmml) CheckSeriesForPmml(table.file, all, options.model);
+  const std::vector<FittedSeries> fitted = FitAll(all, options, io);
+  const int status = ReportHopeless(table.file, fitted, io.err);
+  WriteAll(fitted, options, io);
+  return status;
+}
+
+}  // namespace tsx::cli

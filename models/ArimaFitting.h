@@ -1,0 +1,29 @@
+#ifndef TSXPORT_MODELS_ARIMAFITTING_H_
+#define TSXPORT_MODELS_ARIMAFITTING_H_
+
+#include <tsfcore/ARMAForecastState.h>
+#include <tsfcore/TSFModel.h>
+#include <tsffit/Arima.h>
+
+#include "cli/table/Series.h"
+#include "models/ArimaRequest.h"
+
+namespace tsx::cli {
+
+// An ARIMA fit, and the search that led to it.
+struct ArimaOutcome {
+  tsffit::ArimaFit fit;
+  unsigned models_tried = 0;  // 0: the orders were given
+  double aicc = 0;            // where they were searched for
+};
+
+// Fits the request, which must be without fault on the series (see ArimaFault.h).
+ArimaOutcome FitArimaSeries(const ArimaRequest& request, const Series& series,
+                            unsigned seasonLength, int functionType);
+
+// The state of a fitted ARIMA model; it has no other.
+const ARMAForecastState& ArimaStateOf(const TSFModel& model);
+
+}  // namespace tsx::cli
+
+#endif  // TSXPORT_MODELS_ARIMAFITTING_H_

@@ -1,0 +1,31 @@
+#include "models/ArimaRequest.h"
+
+#include "text/Text.h"
+
+namespace tsx::cli {
+namespace {
+
+bool IsSeasonal(const ArimaOrders& orders) {
+  return !orders.ar.seasonal.empty() || !orders.ma.seasonal.empty() || orders.seasonal_diff > 0;
+}
+
+bool IsSeasonal(const PredictorRequest& predictor) {
+  return !predictor.numerator.seasonal.empty() || !predictor.denominator.seasonal.empty() ||
+         predictor.seasonal_diff > 0;
+}
+
+}  // namespace
+
+std::string SeasonalPart(const ArimaRequest& request) {
+  if (IsSeasonal(request.orders)) return "the second parenthesis of arima(p,d,q)(P,D,Q)";
+  for (const PredictorRequest& predictor : request.predictors) {
+    if (IsSeasonal(predictor)) return "the predictor " + text::Quoted(predictor.column);
+  }
+  for (const OutlierRequest& outlier : request.outliers) {
+    if (outlier.type == TSOutlierSpec::kSeasonalAdditive)
+      return "the outlier " + text::Quoted(outlier.text);
+  }
+  return "";
+}
+
+}  // namespace tsx::cli

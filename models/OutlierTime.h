@@ -1,0 +1,20 @@
+#ifndef TSXPORT_MODELS_OUTLIERTIME_H_
+#define TSXPORT_MODELS_OUTLIERTIME_H_
+
+#include <cstddef>
+#include <optional>
+
+#include "cli/table/Series.h"
+#include "models/ArimaRequest.h"
+
+namespace tsx::cli {
+
+// Where an outlier stands among the cases of the series, counted from 0; empty when its time is
+// none of them. The time has the form of the series' times or is the number of a case of the axis,
+// from 1. Numbers of four digits are years where the times are; where times are numbers, they are
+// those.
+std::optional<std::size_t> IndexOfOutlier(const Series& series, const OutlierRequest& outlier);
+
+}  // namespace tsx::cli
+
+#endif  // TSXPORT_MODELS_OUTLIERTIME_H_
