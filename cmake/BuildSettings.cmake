@@ -34,7 +34,7 @@ if(TSXPORT_BUILD_FUZZ)
   add_compile_options(-fsanitize=fuzzer-no-link)
 endif()
 if(TSXPORT_COVERAGE)
-  add_compile_options(--coverage)
+  add_compile_options(--coverage -fprofile-update=atomic) # threads count too
   add_link_options(--coverage)
 endif()
 
