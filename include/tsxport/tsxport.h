@@ -4,6 +4,7 @@
 // All that libtsxport.so offers: the model tree, its records and date specifications, the visitor
 // behind it, the XML layer it stands on, and the writer and readers of object streams.
 
+#include <tsxport/DialectFacts.h>
 #include <tsxport/Export.h>
 #include <tsxport/ExportFormat.h>
 #include <tsxport/ModelXMLTreeMaker.h>
