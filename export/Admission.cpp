@@ -3,9 +3,9 @@
 #include <tsfcore/ESForecastState.h>
 #include <tsxport/ModelXMLTreeMaker.h>
 
-#include "datespec/RefsCheck.h"
+#include "dictionary/RefsCheck.h"
 #include "export/TSXMLTreeImp.h"
-#include "tsxml/CrostonModel.h"
+#include "tsxml/write/CrostonModel.h"
 
 namespace {
 

@@ -6,9 +6,9 @@
 #include <tsxport/WriteTree.h>
 #include <tsxport/XMLUtil.h>
 
-#include "datespec/DateSpecificationElement.h"
-#include "export/Frame.h"
+#include "datespec/write/DateSpecificationElement.h"
 #include "pmml/Tags.h"
+#include "tsxml/write/Frame.h"
 #include "xml/BorrowedElement.h"
 
 using TIMESERIESXML::ExportFormat;

@@ -12,9 +12,9 @@
 #include <tsxport/TSXDateSpec.h>
 #include <tsxport/TSXDictionaryRefs.h>
 
-#include "export/Application.h"
-#include "export/DateSpecDictionary.h"
-#include "pmml/TSXPMMLDocument.h"
+#include "dictionary/Application.h"
+#include "dictionary/DateSpecDictionary.h"
+#include "pmml/write/TSXPMMLDocument.h"
 #include "xml/ElementPtr.h"
 
 // What the TSXMLTree handles share. A call that throws leaves it as it was.

@@ -13,7 +13,7 @@
 #include <tsxport/ExportFormat.h>
 #include <tsxport/TSXDateSpec.h>
 
-#include "datespec/DateSpecificationElement.h"
+#include "datespec/write/DateSpecificationElement.h"
 #include "tests/datespec/Laws.h"
 
 namespace {

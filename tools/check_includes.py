@@ -18,10 +18,16 @@ ARROWS = {
     "core/include/tsffit": {"core/include/tsffit", "contract"},
     "core/src": {"core/src", "core/include/tsffit", "kinds", "contract"},
     "xml": {"xml", "include/xml"},
-    "datespec": {"datespec", "xml"} | PUBLIC,
-    "tsxml": {"tsxml", "datespec", "xml", "kinds"} | PUBLIC,
-    "pmml": {"pmml", "datespec", "xml", "kinds"} | PUBLIC,
-    "export": {"export", "tsxml", "pmml", "datespec", "xml"} | PUBLIC,
+    "datespec": {"datespec"} | PUBLIC,
+    "datespec/calendar": {"datespec/calendar"} | PUBLIC,
+    "datespec/write": {"datespec/write", "datespec", "xml"} | PUBLIC,
+    "dictionary": {"dictionary", "datespec/calendar"} | PUBLIC,
+    "tsxml": {"tsxml", "datespec"},
+    "tsxml/write": {"tsxml/write", "tsxml", "dictionary", "datespec/write", "datespec", "xml"} | PUBLIC,
+    "pmml": {"pmml"},
+    "pmml/write": {"pmml/write", "pmml", "dictionary", "datespec/write", "datespec", "xml"} | PUBLIC,
+    "export": {"export", "tsxml", "tsxml/write", "pmml", "pmml/write", "dictionary",
+               "datespec/write", "xml"} | PUBLIC,
     "objstream": {"objstream", "xml", "include"},
     "text": {"text"},
     "times": {"times"} | PUBLIC,
@@ -41,6 +47,15 @@ XML_HEADERS = {
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')
 
 
+def room_of_folder(text):
+    """The innermost room that a path from the root leads into, or None."""
+    folder = Path(text).parent
+    for place in (folder, *folder.parents):
+        if place.as_posix() in ARROWS or place.as_posix() in FREE:
+            return place.as_posix()
+    return None
+
+
 def place_of_file(path):
     """The room that a file stands in, or None when it is not part of the house."""
     text = path.as_posix()
@@ -52,8 +67,7 @@ def place_of_file(path):
     ):
         if text.startswith(prefix):
             return room
-    top = path.parts[0]
-    return top if top in ARROWS or top in FREE else None
+    return room_of_folder(text)
 
 
 def places_of_include(kind, target, source):
@@ -69,7 +83,7 @@ def places_of_include(kind, target, source):
         return None
     if source.startswith("core/src") and not target.startswith("kinds/"):
         return {"core/src"}  # its include root is its own folder
-    return {target.split("/", 1)[0]}
+    return {room_of_folder(target) or target}
 
 
 def check(path):

@@ -4,8 +4,7 @@
 #include <new>
 
 #include "datespec/Calendars.h"
-#include "datespec/DateSpecificationElement.h"
-#include "datespec/DicDateSpec.h"
+#include "datespec/write/DateSpecificationElement.h"
 #include "support/FailingAllocation.h"
 
 namespace {
@@ -141,13 +140,6 @@ TEST(Memory, IsNotNeededForCounting) {
   EXPECT_EQ(spec.SetLowestIncrement(3).GetCode(), 0U);
   EXPECT_TRUE(spec.IsEquivalent(spec, true));
   EXPECT_EQ(test::AllocationCount(), 0);
-}
-
-TEST(DictionaryEntry, IsUnreferencedAtFirst) {
-  const tsx::DicDateSpec entry{TSXDateSpec(Year), 1, "years"};
-  EXPECT_FALSE(entry.referenced);
-  EXPECT_EQ(entry.id, 1U);
-  EXPECT_EQ(entry.descriptor, "years");
 }
 
 }  // namespace

@@ -4,9 +4,9 @@
 
 #include <tsxport/TSXMLTree.h>
 
-#include "export/Calendars.h"
 #include "export/TSXMLTreeImp.h"
 #include "support/ArimaModels.h"
+#include "support/Calendars.h"
 #include "support/FailingAllocation.h"
 #include "support/Models.h"
 

@@ -6,10 +6,9 @@
 
 #include <tsxport/TSXMLTree.h>
 
-#include "export/Application.h"
-#include "export/Calendars.h"
 #include "export/TSXMLTreeImp.h"
 #include "support/ArimaModels.h"
+#include "support/Calendars.h"
 #include "support/FailingAllocation.h"
 #include "support/FailingStream.h"
 #include "support/Golden.h"
@@ -140,14 +139,6 @@ TEST(Document, EmptyApplicationNameDiscardsTheVersion) {
   tree.SetApplication("", "2");
   ASSERT_TRUE(tree.AddModelTree(test::SimpleModel(), Refs()));
   EXPECT_NE(Written(tree).find("\n\t<Header/>\n"), std::string::npos);
-}
-
-TEST(ApplicationName, EmptyOneClearsAGivenVersionToo) {
-  tsx::Application application;
-  application.Set("App", "1");
-  application.Set("", "2");
-  EXPECT_EQ(application.name(), "");
-  EXPECT_EQ(application.version(), "");
 }
 
 TEST(Document, WriteEmptiesTheTreeAndASecondOneWritesNothing) {

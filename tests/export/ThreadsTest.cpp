@@ -5,7 +5,7 @@
 
 #include <tsxport/TSXMLTree.h>
 
-#include "export/Calendars.h"
+#include "support/Calendars.h"
 #include "support/Models.h"
 
 namespace {

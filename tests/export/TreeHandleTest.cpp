@@ -4,8 +4,8 @@
 
 #include <tsxport/TSXMLTree.h>
 
-#include "export/Calendars.h"
 #include "export/TSXMLTreeImp.h"
+#include "support/Calendars.h"
 #include "support/Models.h"
 
 namespace {

@@ -1,0 +1,28 @@
+#include "pmml/write/TimeField.h"
+
+#include "datespec/PeriodNames.h"
+
+namespace tsx {
+
+namespace {
+
+const char* KindOf(TSXDateSpec::PeriodType type) {
+  return type >= TSXDateSpec::Cycle && type <= TSXDateSpec::Day ? "date" : "time";
+}
+
+}  // namespace
+
+TimeField TimeFieldOf(const TSXDateSpec& spec, const TimeField& before) {
+  TimeField field = before;
+  for (unsigned i = 0; i < spec.PeriodCount(); ++i) {
+    TSXDateSpec::PeriodType type{};
+    unsigned cycleLength = 0;
+    unsigned subCycleStart = 0;
+    unsigned subCycleLength = 0;
+    spec.GetPeriod(i, type, cycleLength, subCycleStart, subCycleLength);
+    if (const char* name = FindName(kPeriodNames, type)) field = {name, KindOf(type)};
+  }
+  return field;
+}
+
+}  // namespace tsx

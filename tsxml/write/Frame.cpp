@@ -1,0 +1,63 @@
+#include "tsxml/write/Frame.h"
+
+#include <string>
+
+#include <tsxport/Version.h>
+
+#include "datespec/write/DateSpecificationElement.h"
+#include "tsxml/Tags.h"
+
+// Writes:
+//   <TSCXML xmlns xmlns:xsi xsi:schemaLocation>
+//     <Header>
+//       <Application name version?>?
+//     </Header>
+//     <DataDictionary>
+//       <DateSpecification>*                  those that a model refers to
+//     </DataDictionary>
+//     the models, which the tree adds
+//   </TSCXML>
+
+namespace tsx {
+
+namespace {
+
+constexpr char kScheme[] = "http://";
+constexpr char kNamespacePath[] = "/software/analytics/qorv/xml/components/time-series";
+constexpr char kSchemaPath[] = "/software/analytics/qorv/xml/components/time-series-1.0.xsd";
+constexpr char kXsiNamespace[] = "http://www.w3.org/2001/XMLSchema-instance";
+
+ElementPtr MakeHeader(const Application& application) {
+  ElementPtr header = MakeElement(tag::kHeader);
+  if (application.name().empty()) return header;
+  ElementPtr e = MakeElement(tag::kApplication);
+  e->AddAttribute(attr::kName, application.name());
+  if (!application.version().empty()) e->AddAttribute(attr::kVersion, application.version());
+  Append(*header, std::move(e));
+  return header;
+}
+
+}  // namespace
+
+ElementPtr MakeFrame(const Application& application) {
+  const std::string host = kMakersHost;
+  const std::string uri = kScheme + host + kNamespacePath;
+  ElementPtr root = MakeElement(tag::kTSCXML);
+  root->AddAttribute(attr::kXmlns, uri);
+  root->AddAttribute(attr::kXmlnsXsi, kXsiNamespace);
+  // The location lacks the scheme that the URI has: the format is so, and readers expect it.
+  root->AddAttribute(attr::kXsiSchemaLocation, uri + " " + host + kSchemaPath);
+  Append(*root, MakeHeader(application));
+  return root;
+}
+
+ElementPtr MakeDataDictionary(const DateSpecDictionary& dictionary) {
+  ElementPtr e = MakeElement(tag::kDataDictionary);
+  for (const DicDateSpec& entry : dictionary.entries()) {
+    if (!entry.referenced) continue;
+    Append(*e, MakeDateSpecification(entry.date_spec, entry.descriptor, entry.id));
+  }
+  return e;
+}
+
+}  // namespace tsx
