@@ -1,23 +1,17 @@
 #ifndef TSXPORT_DICTIONARY_REFSCHECK_H_
 #define TSXPORT_DICTIONARY_REFSCHECK_H_
 
-#include <deque>
-#include <optional>
-
 #include <tsxport/TSXDictionaryRefs.h>
 
-#include "dictionary/DicDateSpec.h"
+#include "dictionary/DateSpecView.h"
 
 namespace tsx {
-
-// Position of the first entry with `id`, counted from the front; none when there is none.
-std::optional<unsigned> FindDateSpec(const std::deque<DicDateSpec>& dictionary, int id);
 
 // Whether a model with `predictorCount` predictors may go by the names of `refs`: model name and
 // dependent variable are there, each predictor has its non-empty ID, and the date specification is
 // none (ID 0) or in the dictionary. Sets `index` to its position, 0 when there is none.
 bool CheckRefs(const TSXDictionaryRefs& refs, unsigned predictorCount,
-               const std::deque<DicDateSpec>& dictionary, unsigned& index);
+               const DateSpecView& dictionary, unsigned& index);
 
 }  // namespace tsx
 

@@ -52,10 +52,10 @@ bool TSXMLTreeImp::WritePMMLToStream(std::ostream& out, bool withDeclaration) {
   tsx::ElementPtr extension;
   if (!dictionary_.entries().empty()) {
     extension = tsx::MakeElement(tsx::pmml::tag::kExtension);
-    for (const tsx::DicDateSpec& entry : dictionary_.entries()) {
+    dictionary_.entries().ForEach([&extension](const tsx::DicDateSpec& entry) {
       tsx::Append(*extension,
                   tsx::MakeDateSpecification(entry.date_spec, entry.descriptor, entry.id));
-    }
+    });
   }
   pmml_.Write(out, withDeclaration, extension.get());
   return true;

@@ -1,12 +1,24 @@
 #include "datespec/calendar/TSXDateSpecImp.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
 
+#include "datespec/calendar/HashOfNumbers.h"
 #include "datespec/calendar/StatusCodes.h"
 
 using MCTime::MCStatus;
 using tsx::GapList;
+
+namespace {
+
+// What tells one period from another; the first case's index, too, in a full comparison.
+std::array<unsigned, 5> Compared(const tsx::TimePeriod& period, bool full) {
+  return {period.type, period.cycle_length, period.sub_cycle_start, period.sub_cycle_length,
+          full ? period.current_start : 0};
+}
+
+}  // namespace
 
 TSXDateSpecImp::TSXDateSpecImp(PeriodType base) : calendar_(base) {
   if (base == PeriodType::Obs) throw MCStatus(tsx::kObsAsBase);
@@ -120,14 +132,24 @@ long TSXDateSpecImp::OffsetFromNumber(unsigned long number) const {
 
 bool TSXDateSpecImp::IsEquivalent(const TSXDateSpecImp& other, bool full) const {
   const auto samePeriod = [full](const TimePeriod& a, const TimePeriod& b) {
-    return a.type == b.type && a.cycle_length == b.cycle_length &&
-           a.sub_cycle_start == b.sub_cycle_start && a.sub_cycle_length == b.sub_cycle_length &&
-           (!full || a.current_start == b.current_start);
+    return Compared(a, full) == Compared(b, full);
   };
   return std::equal(Periods().begin(), Periods().end(), other.Periods().begin(),
                     other.Periods().end(), samePeriod) &&
          LowestIncrement() == other.LowestIncrement() &&
          (!full || gaps_.Offsets() == other.gaps_.Offsets());
+}
+
+// Made from what IsEquivalent() compares, and from nothing else.
+std::uint64_t TSXDateSpecImp::EquivalenceHash() const {
+  tsx::HashOfNumbers hash;
+  hash.Add(Periods().size());
+  for (const TimePeriod& period : Periods()) {
+    for (const unsigned number : Compared(period, true)) hash.Add(number);
+  }
+  hash.Add(LowestIncrement());
+  for (const std::int64_t offset : gaps_.Offsets()) hash.Add(static_cast<std::uint64_t>(offset));
+  return hash.hash();
 }
 
 long TSXDateSpecImp::OffsetOf(std::span<const unsigned> indexes) const {

@@ -1,6 +1,7 @@
 #ifndef TSXPORT_DATESPEC_CALENDAR_TSXDATESPECIMP_H_
 #define TSXPORT_DATESPEC_CALENDAR_TSXDATESPECIMP_H_
 
+#include <cstdint>
 #include <span>
 
 #include <tsxport/TSXDateSpec.h>
@@ -53,6 +54,8 @@ class TSXDateSpecImp {
   long OffsetFromNumber(unsigned long number) const;
 
   bool IsEquivalent(const TSXDateSpecImp& other, bool full) const;
+  // The same for all that are fully equivalent, and for hardly any others.
+  std::uint64_t EquivalenceHash() const;
 
   // For tuples: whether indexes are a position here, and their virtual offset.
   bool Admits(std::span<const unsigned> indexes) const { return calendar_.Admits(indexes); }

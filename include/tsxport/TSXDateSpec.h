@@ -8,6 +8,10 @@
 
 class TSXDateSpecImp;
 
+namespace tsx {
+struct DateSpecAccess;
+}
+
 // The calendar on which a time series is observed: a base period, finer periods nested in it, the
 // step from one case to the next, the first case, and the positions at which no case exists.
 //
@@ -168,6 +172,8 @@ class TSX_EXPORT TSXDateSpec {
   bool IsEquivalent(const TSXDateSpec& other, bool full) const;
 
  private:
+  friend struct tsx::DateSpecAccess;
+
   TSXDateSpecImp* imp_;  // owned, never null
 };
 

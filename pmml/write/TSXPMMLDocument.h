@@ -1,7 +1,6 @@
 #ifndef TSXPORT_PMML_WRITE_TSXPMMLDOCUMENT_H_
 #define TSXPORT_PMML_WRITE_TSXPMMLDOCUMENT_H_
 
-#include <deque>
 #include <ostream>
 #include <string>
 #include <utility>
@@ -11,7 +10,7 @@
 #include <tsfcore/TSFModel.h>
 #include <tsxport/TSXDictionaryRefs.h>
 
-#include "dictionary/DicDateSpec.h"
+#include "dictionary/DateSpecView.h"
 #include "pmml/write/TSXPMMLModelRecord.h"
 #include "pmml/write/TimeField.h"
 #include "xml/ElementPtr.h"
@@ -29,8 +28,8 @@ class TSXPMMLDocument {
   void SetTimeField(TimeField field) { time_field_ = std::move(field); }
   const TimeField& GetTimeField() const { return time_field_; }
 
-  // Takes a copy of the tree's dictionary, for CheckRefs() alone.
-  void SetDictionary(std::deque<DicDateSpec> dictionary) { dictionary_ = std::move(dictionary); }
+  // Takes the tree's dictionary as it is now, for CheckRefs() alone.
+  void SetDictionary(DateSpecView dictionary) { dictionary_ = std::move(dictionary); }
 
   // Adds the model as a "TimeSeriesModel". Always true: the references are checked, and what the
   // check says is ignored, on purpose.
@@ -58,7 +57,7 @@ class TSXPMMLDocument {
  private:
   std::string application_name_ = "TimeSeriesApp";
   std::string application_version_ = "4.0";
-  std::deque<DicDateSpec> dictionary_;
+  DateSpecView dictionary_;
   TimeField time_field_;
   std::vector<ElementPtr> models_;
   TSXPMMLModelRecord record_;

@@ -53,10 +53,10 @@ ElementPtr MakeFrame(const Application& application) {
 
 ElementPtr MakeDataDictionary(const DateSpecDictionary& dictionary) {
   ElementPtr e = MakeElement(tag::kDataDictionary);
-  for (const DicDateSpec& entry : dictionary.entries()) {
-    if (!entry.referenced) continue;
+  dictionary.entries().ForEach([&e](const DicDateSpec& entry) {
+    if (!entry.referenced) return;
     Append(*e, MakeDateSpecification(entry.date_spec, entry.descriptor, entry.id));
-  }
+  });
   return e;
 }
 
