@@ -4,7 +4,6 @@
 #include <ostream>
 #include <string>
 #include <valarray>
-#include <vector>
 
 #include <tsfcore/TSFCrModel.h>
 #include <tsfcore/TSFModel.h>
@@ -12,12 +11,10 @@
 #include <tsxport/TSXDateSpec.h>
 #include <tsxport/TSXDictionaryRefs.h>
 
-#include "dictionary/Application.h"
-#include "dictionary/DateSpecDictionary.h"
-#include "pmml/write/TSXPMMLDocument.h"
-#include "xml/ElementPtr.h"
+#include "export/Collection.h"
 
-// What the TSXMLTree handles share. A call that throws leaves it as it was.
+// What the TSXMLTree handles share: a collection, and the names by which its callers know it. A
+// call that throws leaves it as it was.
 class TSXMLTreeImp : public TSRCObject {
  public:
   TSXMLTreeImp();
@@ -26,10 +23,11 @@ class TSXMLTreeImp : public TSRCObject {
   TSXMLTreeImp& operator=(const TSXMLTreeImp&) = delete;
 
   void SetApplication(std::string name, std::string version);
-  void SetPMMLOutputFlag(bool pmml) { pmml_output_ = pmml; }
-  bool GetPMMLOutputFlag() const { return pmml_output_; }
-  unsigned GetModelCount() const { return static_cast<unsigned>(models_.size()); }
-  const tsx::pmml::TSXPMMLDocument& GetPMMLDocument() const { return pmml_; }
+  void SetPMMLOutputFlag(bool pmml);
+  bool GetPMMLOutputFlag() const;
+  // The models of time-series XML.
+  unsigned GetModelCount() const;
+  const tsx::pmml::TSXPMMLDocument& GetPMMLDocument() const;
 
   int AddDateSpec(const TSXDateSpec& spec, std::string descriptor);
 
@@ -47,20 +45,11 @@ class TSXMLTreeImp : public TSRCObject {
   // `frame` false: time-series XML without a frame, that is the bare model elements one after the
   // other, the dictionary being kept; PMML without its declaration.
   bool WriteToStream(std::ostream& out, bool frame);
-
- private:
   bool WriteXMLToStream(std::ostream& out, bool frame);
   bool WritePMMLToStream(std::ostream& out, bool withDeclaration);
-  void WriteModels(std::ostream& out) const;
-  void WriteDocument(std::ostream& out) const;
-  // Keeps a finished element and marks the date specification that it refers to.
-  void KeepModel(tsx::ElementPtr model, const TSXDictionaryRefs& refs, unsigned index);
 
-  std::vector<tsx::ElementPtr> models_;
-  tsx::DateSpecDictionary dictionary_;
-  tsx::Application application_;
-  bool pmml_output_ = false;
-  tsx::pmml::TSXPMMLDocument pmml_;
+ private:
+  tsx::Collection collection_;
 };
 
 #endif  // TSXPORT_EXPORT_TSXMLTREEIMP_H_

@@ -11,6 +11,7 @@ import sys
 from pathlib import Path
 
 PUBLIC = {"include", "contract"}  # ground floor
+BELOW_DIALECTS = {"dialect", "dictionary", "datespec", "datespec/write", "xml"} | PUBLIC
 ARROWS = {
     "kinds": {"kinds", "contract"},
     "include": {"include", "contract"},
@@ -22,12 +23,12 @@ ARROWS = {
     "datespec/calendar": {"datespec/calendar"} | PUBLIC,
     "datespec/write": {"datespec/write", "datespec", "xml"} | PUBLIC,
     "dictionary": {"dictionary", "datespec/calendar"} | PUBLIC,
+    "dialect": {"dialect", "dictionary", "xml"} | PUBLIC,
     "tsxml": {"tsxml", "datespec"},
-    "tsxml/write": {"tsxml/write", "tsxml", "dictionary", "datespec/write", "datespec", "xml"} | PUBLIC,
+    "tsxml/write": {"tsxml/write", "tsxml"} | BELOW_DIALECTS,
     "pmml": {"pmml"},
-    "pmml/write": {"pmml/write", "pmml", "dictionary", "datespec/write", "datespec", "xml"} | PUBLIC,
-    "export": {"export", "tsxml", "tsxml/write", "pmml", "pmml/write", "dictionary",
-               "datespec/write", "xml"} | PUBLIC,
+    "pmml/write": {"pmml/write", "pmml"} | BELOW_DIALECTS,
+    "export": {"export", "tsxml/write", "pmml/write", "dialect", "dictionary", "xml"} | PUBLIC,
     "objstream": {"objstream", "xml", "include"},
     "text": {"text"},
     "times": {"times"} | PUBLIC,

@@ -1,15 +1,12 @@
 #include "pmml/write/TSXPMMLDocument.h"
 
+#include <string_view>
 #include <utility>
 
-#include <tsxport/ExportFormat.h>
-#include <tsxport/WriteTree.h>
-#include <tsxport/XMLUtil.h>
-
+#include "datespec/write/DateSpecificationElement.h"
 #include "dictionary/RefsCheck.h"
 #include "pmml/Tags.h"
 #include "pmml/write/TimeSeriesModel.h"
-#include "xml/BorrowedElement.h"
 
 // Writes:
 //   <PMML version xmlns xmlns:xsi>
@@ -40,24 +37,46 @@ ElementPtr MakeHeader(const std::string& name, const std::string& version) {
   return header;
 }
 
-void AppendDataField(XMLElement& dictionary, const char* dataType, const std::string& name) {
+void AppendDataField(XMLElement& dictionary, std::string_view dataType, std::string_view name) {
   ElementPtr e = MakeElement(tag::kDataField);
-  e->AddAttribute(attr::kDataType, dataType);
+  e->AddAttribute(attr::kDataType, std::string(dataType));
   e->AddAttribute(attr::kOptype, val::kContinuous);
-  e->AddAttribute(attr::kName, name);
-  e->AddAttribute(attr::kDisplayName, name);
+  e->AddAttribute(attr::kName, std::string(name));
+  e->AddAttribute(attr::kDisplayName, std::string(name));
   Append(dictionary, std::move(e));
 }
 
-void AppendTimeField(XMLElement& dictionary, const TimeField& time) {
-  if (!time.name.empty() && !time.kind.empty()) {
-    AppendDataField(dictionary, time.kind.c_str(), time.name);
-  } else {
-    AppendDataField(dictionary, val::kDefaultTimeType, val::kDefaultTimeName);
-  }
+// Null without calendars.
+ElementPtr MakeExtension(const DateSpecView& calendars) {
+  if (calendars.empty()) return nullptr;
+  ElementPtr e = MakeElement(tag::kExtension);
+  calendars.ForEach([&e](const DicDateSpec& entry) {
+    Append(*e, MakeDateSpecification(entry.date_spec, entry.descriptor, entry.id));
+  });
+  return e;
 }
 
 }  // namespace
+
+TSXPMMLDocument::TSXPMMLDocument() : Dialect(*FindDialect("pmml"), {}) {}
+
+void TSXPMMLDocument::SeeCalendar(const TSXDateSpec& spec) noexcept {
+  time_field_ = TimeFieldOf(spec, time_field_);
+}
+
+void TSXPMMLDocument::Begin(const DocumentFront& front, DocumentSink& out) {
+  SetApplication(front.application.name(), front.application.version());
+  out.Open(BuildDocument(MakeExtension(front.calendars)));
+}
+
+bool TSXPMMLDocument::Model(const OfferedModel& offer, DateSpecDictionary& dictionary,
+                            ElementSink& out) {
+  if (offer.model == nullptr) return false;
+  const std::valarray<double> none;
+  SetDictionary(dictionary.entries());
+  return AddModelTree(*offer.model, offer.refs, offer.history != nullptr ? *offer.history : none,
+                      out);
+}
 
 void TSXPMMLDocument::SetApplication(const std::string& name, const std::string& version) {
   if (name.empty()) return;
@@ -72,12 +91,12 @@ bool TSXPMMLDocument::CheckRefs(const TSXDictionaryRefs& refs, unsigned& dateSpe
 }
 
 bool TSXPMMLDocument::AddModelTree(const TSFModel& model, const TSXDictionaryRefs& refs,
-                                   const std::valarray<double>& history) {
+                                   const std::valarray<double>& history, ElementSink& out) {
   TSXPMMLModelRecord record = record_;
   record.Fill(model, refs, history);
   unsigned dateSpecIndex = 0;
   static_cast<void>(CheckRefs(refs, dateSpecIndex));  // the verdict is ignored, on purpose
-  models_.push_back(MakeTimeSeriesModel(record, refs, time_field_, history));
+  out.Take(MakeTimeSeriesModel(record, refs, time_field_, history));
   record_ = std::move(record);
   return true;
 }
@@ -91,31 +110,23 @@ ElementPtr TSXPMMLDocument::CreateRoot() const {
   return root;
 }
 
-bool TSXPMMLDocument::AddDataDictionary(XMLElement* root, const XMLElement* extension) const {
+bool TSXPMMLDocument::AddDataDictionary(XMLElement* root, ElementPtr extension) const {
   if (root == nullptr) return false;
   ElementPtr e = MakeElement(tag::kDataDictionary);
-  if (extension != nullptr) Append(*e, Borrow(*extension));
+  if (extension) Append(*e, std::move(extension));
   e->AddAttribute(attr::kNumberOfFields, 2.0);
   // The fields are those of the model added last, whatever came before: the format is so.
   AppendDataField(*e, val::kDouble, record_.dependent_var_id);
-  AppendTimeField(*e, time_field_);
+  const TimeField time = OrDefault(time_field_);
+  AppendDataField(*e, time.kind, time.name);
   Append(*root, std::move(e));
   return true;
 }
 
-ElementPtr TSXPMMLDocument::BuildDocument(const XMLElement* extension) const {
+ElementPtr TSXPMMLDocument::BuildDocument(ElementPtr extension) const {
   ElementPtr root = CreateRoot();
-  AddDataDictionary(root.get(), extension);
-  for (const ElementPtr& model : models_) Append(*root, Borrow(*model));
+  AddDataDictionary(root.get(), std::move(extension));
   return root;
-}
-
-void TSXPMMLDocument::Write(std::ostream& out, bool withDeclaration,
-                            const XMLElement* extension) const {
-  const ElementPtr root = BuildDocument(extension);
-  if (withDeclaration) TIMESERIESXML::Write(out, TIMESERIESXML::XMLUtil::FIRST_LINE);
-  TIMESERIESXML::ExportFormat format;
-  root->ToStream(out, format, false);
 }
 
 }  // namespace tsx::pmml

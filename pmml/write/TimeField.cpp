@@ -1,6 +1,7 @@
 #include "pmml/write/TimeField.h"
 
 #include "datespec/PeriodNames.h"
+#include "pmml/Tags.h"
 
 namespace tsx {
 
@@ -12,7 +13,7 @@ const char* KindOf(TSXDateSpec::PeriodType type) {
 
 }  // namespace
 
-TimeField TimeFieldOf(const TSXDateSpec& spec, const TimeField& before) {
+TimeField TimeFieldOf(const TSXDateSpec& spec, const TimeField& before) noexcept {
   TimeField field = before;
   for (unsigned i = 0; i < spec.PeriodCount(); ++i) {
     TSXDateSpec::PeriodType type{};
@@ -23,6 +24,11 @@ TimeField TimeFieldOf(const TSXDateSpec& spec, const TimeField& before) {
     if (const char* name = FindName(kPeriodNames, type)) field = {name, KindOf(type)};
   }
   return field;
+}
+
+TimeField OrDefault(const TimeField& field) {
+  if (!field.name.empty() && !field.kind.empty()) return field;
+  return {pmml::val::kDefaultTimeName, pmml::val::kDefaultTimeType};
 }
 
 }  // namespace tsx

@@ -50,10 +50,9 @@ void AppendMiningField(XMLElement& schema, const std::string& name, const char* 
 }
 
 ElementPtr MakeMiningSchema(const std::string& dependentVarID, const TimeField& time) {
-  const bool known = !time.name.empty() && !time.kind.empty();
   ElementPtr e = MakeElement(tag::kMiningSchema);
   AppendMiningField(*e, dependentVarID, val::kPredicted);
-  AppendMiningField(*e, known ? time.name : val::kDefaultTimeName, val::kOrder);
+  AppendMiningField(*e, std::string(OrDefault(time).name), val::kOrder);
   return e;
 }
 

@@ -5,6 +5,7 @@
 #include <tsxport/TSXMLTree.h>
 
 #include "export/TSXMLTreeImp.h"
+#include "pmml/write/TSXPMMLDocument.h"
 #include "support/Calendars.h"
 #include "support/FailingAllocation.h"
 #include "support/Models.h"

@@ -51,9 +51,9 @@ ElementPtr MakeFrame(const Application& application) {
   return root;
 }
 
-ElementPtr MakeDataDictionary(const DateSpecDictionary& dictionary) {
+ElementPtr MakeDataDictionary(const DateSpecView& calendars) {
   ElementPtr e = MakeElement(tag::kDataDictionary);
-  dictionary.entries().ForEach([&e](const DicDateSpec& entry) {
+  calendars.ForEach([&e](const DicDateSpec& entry) {
     if (!entry.referenced) return;
     Append(*e, MakeDateSpecification(entry.date_spec, entry.descriptor, entry.id));
   });

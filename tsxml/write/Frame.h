@@ -2,7 +2,7 @@
 #define TSXPORT_TSXML_WRITE_FRAME_H_
 
 #include "dictionary/Application.h"
-#include "dictionary/DateSpecDictionary.h"
+#include "dictionary/DateSpecView.h"
 #include "xml/ElementPtr.h"
 
 namespace tsx {
@@ -10,8 +10,8 @@ namespace tsx {
 // The root of a time-series XML document with its finished header, without dictionary and models.
 ElementPtr MakeFrame(const Application& application);
 
-// The dictionary's specifications that models refer to.
-ElementPtr MakeDataDictionary(const DateSpecDictionary& dictionary);
+// The specifications that models refer to.
+ElementPtr MakeDataDictionary(const DateSpecView& calendars);
 
 }  // namespace tsx
 

@@ -14,8 +14,8 @@ class TimeFieldOfTree : public testing::Test {
  protected:
   std::string After(const TSXDateSpec& spec) {
     imp_.AddDateSpec(spec, "");
-    return imp_.GetPMMLDocument().GetTimeField().name + "/" +
-           imp_.GetPMMLDocument().GetTimeField().kind;
+    const tsx::TimeField& field = imp_.GetPMMLDocument().GetTimeField();
+    return std::string(field.name) + "/" + std::string(field.kind);
   }
   TSXMLTreeImp imp_;
 };
