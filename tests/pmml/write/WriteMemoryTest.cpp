@@ -7,6 +7,7 @@
 
 #include <tsxport/TSXMLTree.h>
 
+#include "support/Calendars.h"
 #include "support/FailingAllocation.h"
 #include "support/Models.h"
 
@@ -65,6 +66,28 @@ TEST(PmmlWrite, TakesMemoryThatDoesNotGrowWithTheHistory) {
   EXPECT_GT(small.allocations, 0);
   EXPECT_EQ(large.allocations, small.allocations);
   EXPECT_EQ(large.bytes, small.bytes);
+}
+
+// Allocations for one more model in a tree with so many calendars.
+long CostOfAModelAmong(unsigned calendars) {
+  TSXMLTree tree;
+  tree.SetPMMLOutput(true);
+  for (unsigned i = 0; i < calendars; ++i) tree.AddDateSpec(test::Monthly(1900 + i, 0), "months");
+  const TSFModel model = test::SimpleModel();
+  const TSXDictionaryRefs refs("m", "", "y");
+  tree.AddModelTree(model, refs);
+  test::FailAllocationsFrom(0);
+  const bool added = tree.AddModelTree(model, refs);
+  const long cost = test::AllocationCount();
+  EXPECT_TRUE(added);
+  return cost;
+}
+
+TEST(PmmlAdmission, CostsTheSameWhateverTheNumberOfCalendars) {
+  if (!TSXPORT_ALLOCATIONS_FAIL) GTEST_SKIP() << "allocations are not counted here";
+  const long few = CostOfAModelAmong(1);
+  EXPECT_GT(few, 0);
+  EXPECT_EQ(CostOfAModelAmong(500), few);
 }
 
 }  // namespace
