@@ -5,6 +5,7 @@
 
 #include "xml/Escape.h"
 #include "xml/NumberText.h"
+#include "xml/PutBytes.h"
 
 namespace tsx {
 
@@ -14,18 +15,13 @@ using TIMESERIESXML::XMLString;
 
 namespace {
 
-char* Put(std::string_view bytes, char* out) {
-  if (!bytes.empty()) std::memcpy(out, bytes.data(), bytes.size());
-  return out + bytes.size();
-}
-
 // Character data on its way into a block.
 class EscapedText {
  public:
   explicit EscapedText(std::string_view text) : text_(text), size_(EscapedTextSize(text)) {}
   std::size_t size() const { return size_; }
   char* PutAt(char* out) const {
-    return size_ == text_.size() ? Put(text_, out) : EscapeText(text_, out);
+    return size_ == text_.size() ? PutBytes(text_, out) : EscapeText(text_, out);
   }
 
  private:
@@ -45,10 +41,10 @@ class AttributeText {
   std::size_t size() const { return name_.size() + value_size_ + 3; }
 
   void PutAt(char* out) const {
-    out = Put(name_, out);
+    out = PutBytes(name_, out);
     *out++ = '=';
     *out++ = '"';
-    out = value_size_ == value_.size() ? Put(value_, out) : EscapeValue(value_, out);
+    out = value_size_ == value_.size() ? PutBytes(value_, out) : EscapeValue(value_, out);
     *out = '"';
   }
 
@@ -134,7 +130,7 @@ void NodeAccess::AddPlainText(XMLElement& element, std::string_view text) {
   if (text.size() > ElementStorage::kMaxText || !IsExactly<XMLElement>(element)) {
     return AddText(element, text);
   }
-  Put(text, ElementStorage::AddChildText(element.storage_, text.size()));
+  PutBytes(text, ElementStorage::AddChildText(element.storage_, text.size()));
 }
 
 NodeText MakeText(std::string_view text) { return MakeOwned(EscapedText(text)); }

@@ -26,6 +26,21 @@ struct NodeText {
   std::size_t size;
 };
 
+}  // namespace tsx
+
+// Inline, so that the library exports neither: they are private, and hosts cannot call them.
+namespace TIMESERIESXML {
+
+inline XMLAttribute::XMLAttribute(const tsx::NodeText& text) noexcept
+    : text_(text.text), size_(text.size) {}
+
+inline XMLString::XMLString(const tsx::NodeText& text) noexcept
+    : text_(text.text), size_(text.size) {}
+
+}  // namespace TIMESERIESXML
+
+namespace tsx {
+
 // In a block of its own, for nodes that hosts construct themselves.
 NodeText MakeText(std::string_view text);
 NodeText MakeAttributeText(std::string_view name, std::string_view value);

@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "xml/NodeAccess.h"
+#include "xml/PutBytes.h"
 
 namespace tsx {
 
@@ -13,11 +14,6 @@ using TIMESERIESXML::XMLInterface;
 using TIMESERIESXML::XMLString;
 
 namespace {
-
-char* Put(std::string_view bytes, char* out) {
-  std::memcpy(out, bytes.data(), bytes.size());
-  return out + bytes.size();
-}
 
 char* PutTabs(std::size_t count, char* out) {
   std::memset(out, '\t', count);
@@ -37,7 +33,7 @@ void BeginTag(Output& out, std::string_view name, ExportFormat& format) {
     if (newLine) *to++ = '\n';
     to = PutTabs(tabs, to);
     *to++ = '<';
-    return Put(name, to);
+    return PutBytes(name, to);
   });
   out.EndPiece();
 }
@@ -50,7 +46,7 @@ void EndTag(Output& out, std::string_view name, ExportFormat& format) {
     to = PutTabs(tabs, to);
     *to++ = '<';
     *to++ = '/';
-    to = Put(name, to);
+    to = PutBytes(name, to);
     *to++ = '>';
     return to;
   });

@@ -1,12 +1,12 @@
 #include "xml/NumberList.h"
 
 #include <cmath>
-#include <cstring>
 #include <iterator>
 
 #include "xml/ElementPtr.h"
 #include "xml/NodeAccess.h"
 #include "xml/NumberText.h"
+#include "xml/PutBytes.h"
 
 namespace tsx {
 
@@ -17,22 +17,17 @@ namespace {
 constexpr std::size_t kMaxItemSize = 1 + kMaxNumberSize;  // with the blank
 constexpr std::size_t kShortList = 32;
 
-char* PutText(std::string_view text, char* out) {
-  std::memcpy(out, text.data(), text.size());
-  return out + text.size();
-}
-
-char* PutItem(double value, double missing, char* out) {
-  if (value == missing) return PutText("NaN", out);
-  if (std::isfinite(value)) return PutNumber(value, out);
-  return PutText(ListText(NumberText(value).view()), out);
+char* PutItem(double value, double missing, Infinities infinities, char* out) {
+  if (value == missing) return PutBytes("NaN", out);
+  if (std::isfinite(value) || infinities == Infinities::kAsFormatted) return PutNumber(value, out);
+  return PutBytes(ListText(NumberText(value).view()), out);
 }
 
 // At most kMaxItemSize bytes for each value.
-char* PutList(std::span<const double> values, double missing, char* out) {
+char* PutList(std::span<const double> values, double missing, Infinities infinities, char* out) {
   for (const double& value : values) {
     if (&value != values.data()) *out++ = ' ';
-    out = PutItem(value, missing, out);
+    out = PutItem(value, missing, infinities, out);
   }
   return out;
 }
@@ -54,20 +49,22 @@ std::string_view ListText(std::string_view formatted) {
   return formatted;
 }
 
-std::string NumberListText(std::span<const double> values, double missing) {
+std::string NumberListText(std::span<const double> values, double missing, Infinities infinities) {
   std::string text(values.size() * kMaxItemSize, '\0');
-  text.resize(static_cast<std::size_t>(PutList(values, missing, text.data()) - text.data()));
+  text.resize(
+      static_cast<std::size_t>(PutList(values, missing, infinities, text.data()) - text.data()));
   return text;
 }
 
-void FillNumberList(XMLElement& target, std::span<const double> values, double missing) {
+void FillNumberList(XMLElement& target, std::span<const double> values, double missing,
+                    Infinities infinities) {
   if (values.empty()) return;
   if (values.size() > kShortList) {
-    NodeAccess::AddPlainText(target, NumberListText(values, missing));
+    NodeAccess::AddPlainText(target, NumberListText(values, missing, infinities));
     return;
   }
   char text[kShortList * kMaxItemSize];
-  const auto size = static_cast<std::size_t>(PutList(values, missing, text) - text);
+  const auto size = static_cast<std::size_t>(PutList(values, missing, infinities, text) - text);
   NodeAccess::AddPlainText(target, {text, size});
 }
 

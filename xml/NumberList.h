@@ -11,15 +11,19 @@
 
 namespace tsx {
 
+// How a list spells infinities: "INF" and "-INF", or as the number format does, "inf" and "-inf".
+enum class Infinities { kInCapitals, kAsFormatted };
+
 // The values' texts (up to 15 significant digits, "." as decimal character), separated by single
-// blanks. A value that equals `missing` is "NaN"; infinities are "INF" and "-INF".
+// blanks. A value that equals `missing` is "NaN".
 //
 //   NumberListText({1.5, missing, infinity}, missing)  "1.5 NaN INF"
-std::string NumberListText(std::span<const double> values, double missing);
+std::string NumberListText(std::span<const double> values, double missing,
+                           Infinities infinities = Infinities::kInCapitals);
 
 // Gives `target` the list as one text. Does nothing when there are no values or `values` is null.
 void FillNumberList(TIMESERIESXML::XMLElement& target, std::span<const double> values,
-                    double missing);
+                    double missing, Infinities infinities = Infinities::kInCapitals);
 void FillNumberList(TIMESERIESXML::XMLElement& target, const double* values, std::size_t count,
                     double missing);
 

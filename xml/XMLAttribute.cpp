@@ -14,9 +14,6 @@ XMLAttribute* XMLAttribute::Create(const std::string& name, double value) {
   return tsx::NodeAccess::NewAttribute(name, tsx::NumberText(value).view());
 }
 
-XMLAttribute::XMLAttribute(const tsx::NodeText& text) noexcept
-    : text_(text.text), size_(text.size) {}
-
 XMLAttribute::XMLAttribute(const std::string& name, const std::string& value)
     : XMLAttribute(tsx::MakeAttributeText(name, value)) {}
 

@@ -7,8 +7,6 @@ namespace TIMESERIESXML {
 
 XMLString* XMLString::Create(const std::string& text) { return tsx::NodeAccess::NewString(text); }
 
-XMLString::XMLString(const tsx::NodeText& text) noexcept : text_(text.text), size_(text.size) {}
-
 XMLString::XMLString(const std::string& text) : XMLString(tsx::MakeText(text)) {}
 
 XMLString::~XMLString() { tsx::NodeAccess::FreeText(*this); }

@@ -1,13 +1,10 @@
 #include "pmml/write/ExponentialSmoothing.h"
 
-#include <iterator>
-#include <string>
-
 #include <tsfcore/MV.h>
-#include <tsxport/NumberFormat.h>
 
 #include "pmml/Tags.h"
 #include "pmml/write/SmoothedState.h"
+#include "xml/NumberList.h"
 
 // Writes, as far as the kind has a parameter and the state a component:
 //   <ExponentialSmoothing RMSE>
@@ -141,13 +138,7 @@ ElementPtr MakeExponentialSmoothing(const TSXPMMLModelRecord& record,
 }
 
 void AddValueList(XMLElement& array, std::span<const double> values) {
-  if (values.empty()) return;
-  std::string text;
-  for (const double value : values) {
-    if (!text.empty()) text += ' ';
-    text += value == MV::gMissingValue ? "NaN" : TIMESERIESXML::Format(value, false, nullptr);
-  }
-  AppendText(array, text);
+  FillNumberList(array, values, MV::gMissingValue, Infinities::kAsFormatted);
 }
 
 }  // namespace tsx::pmml

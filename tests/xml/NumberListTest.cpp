@@ -25,6 +25,11 @@ TEST(NumberList, MissingIsNaNAndInfinityINF) {
   EXPECT_EQ(List({-kInfinity, kMissing}), "-INF NaN");
 }
 
+TEST(NumberList, InfinitiesStayAsFormattedWhereAskedFor) {
+  const std::vector<double> values = {kInfinity, kMissing, -kInfinity};
+  EXPECT_EQ(tsx::NumberListText(values, kMissing, tsx::Infinities::kAsFormatted), "inf NaN -inf");
+}
+
 TEST(NumberList, MissingIsTheGivenValueOnly) {
   const std::vector<double> values = {-99, kMissing};
   EXPECT_EQ(tsx::NumberListText(values, -99), "NaN -1.79769313486232e+308");
