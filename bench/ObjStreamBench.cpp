@@ -19,7 +19,7 @@
 #include <tsxport/XmluReader.h>
 
 #include "bench/Medians.h"
-#include "tests/objstream/LiteralObjStream.h"
+#include "tests/literal/LiteralObjStream.h"
 
 namespace bench {
 namespace {

@@ -13,7 +13,7 @@
 #include <tsxport/NumberFormat.h>
 #include <tsxport/XMLElement.h>
 
-#include "bench/LiteralXml.h"
+#include "tests/literal/LiteralXml.h"
 #include "xml/ElementPtr.h"
 #include "xml/NumberList.h"
 

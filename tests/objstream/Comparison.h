@@ -9,7 +9,7 @@
 #include <tsxport/ObjStreamReader.h>
 #include <tsxport/XmluReader.h>
 
-#include "tests/objstream/LiteralObjStream.h"
+#include "tests/literal/LiteralObjStream.h"
 #include "tests/objstream/MemoryFile.h"
 
 // Calls of a reader beside the same calls of its literal version, on the same bytes.

@@ -7,7 +7,7 @@
 #include <tsxport/WriteTree.h>
 #include <tsxport/XMLDocType.h>
 
-#include "bench/LiteralXml.h"
+#include "tests/literal/LiteralXml.h"
 #include "support/ScopedLocale.h"
 #include "xml/NodeWriter.h"
 #include "xml/NumberList.h"

@@ -7,7 +7,7 @@
 
 #include <tsxport/XMLElement.h>
 
-#include "bench/LiteralXml.h"
+#include "tests/literal/LiteralXml.h"
 
 namespace test {
 

@@ -5,7 +5,7 @@
 
 #include <tsxport/WriteTree.h>
 
-#include "bench/LiteralXml.h"
+#include "tests/literal/LiteralXml.h"
 #include "support/FailingAllocation.h"
 #include "support/FailingStream.h"
 #include "support/ScopedLocale.h"

@@ -1,5 +1,5 @@
-#ifndef TSXPORT_BENCH_LITERALXML_H_
-#define TSXPORT_BENCH_LITERALXML_H_
+#ifndef TSXPORT_TESTS_LITERAL_LITERALXML_H_
+#define TSXPORT_TESTS_LITERAL_LITERALXML_H_
 
 #include <ostream>
 #include <string>
@@ -98,4 +98,4 @@ void SetSourceCodeSet(const char* name);
 
 }  // namespace literal
 
-#endif  // TSXPORT_BENCH_LITERALXML_H_
+#endif  // TSXPORT_TESTS_LITERAL_LITERALXML_H_

@@ -3,7 +3,7 @@
 #include <memory>
 #include <sstream>
 
-#include "tests/objstream/LiteralObjStream.h"
+#include "tests/literal/LiteralObjStream.h"
 
 namespace literal {
 namespace {

@@ -1,4 +1,4 @@
-#include "bench/LiteralXml.h"
+#include "tests/literal/LiteralXml.h"
 
 #include <cstring>
 #include <iconv.h>

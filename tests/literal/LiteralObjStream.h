@@ -1,5 +1,5 @@
-#ifndef TSXPORT_TESTS_OBJSTREAM_LITERALOBJSTREAM_H_
-#define TSXPORT_TESTS_OBJSTREAM_LITERALOBJSTREAM_H_
+#ifndef TSXPORT_TESTS_LITERAL_LITERALOBJSTREAM_H_
+#define TSXPORT_TESTS_LITERAL_LITERALOBJSTREAM_H_
 
 #include <fstream>
 #include <ostream>
@@ -60,4 +60,4 @@ bool ParseValue(std::ifstream& in, double& value);
 
 }  // namespace literal
 
-#endif  // TSXPORT_TESTS_OBJSTREAM_LITERALOBJSTREAM_H_
+#endif  // TSXPORT_TESTS_LITERAL_LITERALOBJSTREAM_H_
