@@ -74,9 +74,10 @@ inline constexpr char kXsiNamespace[] = "http://www.w3.org/2001/XMLSchema-instan
 inline constexpr char kCopyright[] = "dmg.org";
 inline constexpr char kDouble[] = "double";
 inline constexpr char kContinuous[] = "continuous";
-// The time field of a tree without date specifications.
+inline constexpr char kDate[] = "date";
+inline constexpr char kTime[] = "time";
+// The name of the time field of a tree without date specifications; it is a date.
 inline constexpr char kDefaultTimeName[] = "Month";
-inline constexpr char kDefaultTimeType[] = "date";
 
 inline constexpr char kTimeSeries[] = "timeSeries";
 inline constexpr char kAlgorithm[] = "exponential smoothing";

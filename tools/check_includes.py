@@ -50,7 +50,7 @@ def add_dialects(listing="export/Dialects.cpp"):
         match = INCLUDE.match(line)
         if match and "/write/" in match[2]:
             name = match[2].split("/", 1)[0]
-            ARROWS[name] = {name, "datespec"}
+            ARROWS[name] = {name, "datespec"} | PUBLIC
             ARROWS[f"{name}/write"] = {f"{name}/write", name} | BELOW_DIALECTS
             ARROWS["export"].add(f"{name}/write")
 

@@ -108,6 +108,12 @@ inline constexpr char kPValue[] = "pValue";
 
 namespace val {
 
+// The makers' host stands between scheme and path.
+inline constexpr char kScheme[] = "http://";
+inline constexpr char kNamespacePath[] = "/software/analytics/qorv/xml/components/time-series";
+inline constexpr char kSchemaPath[] = "/software/analytics/qorv/xml/components/time-series-1.0.xsd";
+inline constexpr char kXsiNamespace[] = "http://www.w3.org/2001/XMLSchema-instance";
+
 inline constexpr char kLogarithm[] = "logarithm";
 inline constexpr char kSquareRoot[] = "squareRoot";
 inline constexpr char kErrVariance[] = "errVariance";

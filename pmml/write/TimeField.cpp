@@ -8,7 +8,8 @@ namespace tsx {
 namespace {
 
 const char* KindOf(TSXDateSpec::PeriodType type) {
-  return type >= TSXDateSpec::Cycle && type <= TSXDateSpec::Day ? "date" : "time";
+  return type >= TSXDateSpec::Cycle && type <= TSXDateSpec::Day ? pmml::val::kDate
+                                                                : pmml::val::kTime;
 }
 
 }  // namespace
@@ -28,7 +29,7 @@ TimeField TimeFieldOf(const TSXDateSpec& spec, const TimeField& before) noexcept
 
 TimeField OrDefault(const TimeField& field) {
   if (!field.name.empty() && !field.kind.empty()) return field;
-  return {pmml::val::kDefaultTimeName, pmml::val::kDefaultTimeType};
+  return {pmml::val::kDefaultTimeName, pmml::val::kDate};
 }
 
 }  // namespace tsx

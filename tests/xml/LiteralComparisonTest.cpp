@@ -7,8 +7,8 @@
 #include <tsxport/WriteTree.h>
 #include <tsxport/XMLDocType.h>
 
-#include "tests/literal/LiteralXml.h"
 #include "support/ScopedLocale.h"
+#include "tests/literal/LiteralXml.h"
 #include "xml/NodeWriter.h"
 #include "xml/NumberList.h"
 #include "xml/RandomTree.h"

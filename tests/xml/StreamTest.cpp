@@ -5,10 +5,10 @@
 
 #include <tsxport/WriteTree.h>
 
-#include "tests/literal/LiteralXml.h"
 #include "support/FailingAllocation.h"
 #include "support/FailingStream.h"
 #include "support/ScopedLocale.h"
+#include "tests/literal/LiteralXml.h"
 #include "xml/Output.h"
 #include "xml/RandomTree.h"
 #include "xml/Streambufs.h"

@@ -1,12 +1,13 @@
 #include "tsxml/write/EstimationInfoElement.h"
 
+#include "tsxml/Names.h"
 #include "tsxml/Tags.h"
 #include "tsxml/write/MissingValue.h"
 #include "xml/NumberList.h"
 
 // Writes:
 //   <EstimationInfo periodStartIndex periodLength degreesOfFreedom>
-//     <Statistic type>*                       errVariance first, then the table below
+//     <Statistic type>*                       errVariance first, then those of kStatistics
 //     <LjungBoxStatistic k degreesOfFreedom pValue>?
 //   </EstimationInfo>
 
@@ -15,27 +16,6 @@ namespace tsx {
 namespace {
 
 using TIMESERIESXML::XMLElement;
-
-struct NamedStatistic {
-  BFSharedConst::GOFStatType code;
-  const char* name;
-};
-
-// In writing order. Codes 9 to 12 are not written, on purpose.
-constexpr NamedStatistic kStatistics[] = {
-    {BFSharedConst::kMeanSqrErr, "meanSqrErr"},
-    {BFSharedConst::kRootMeanSqrErr, "rootMeanSqrErr"},
-    {BFSharedConst::kMeanAbsPctErr, "meanAbsPctErr"},
-    {BFSharedConst::kMeanAbsErr, "meanAbsErr"},
-    {BFSharedConst::kMaxAbsPctErr, "maxAbsPctErr"},
-    {BFSharedConst::kMaxAbsErr, "maxAbsErr"},
-    {BFSharedConst::kRSqr, "rSqr"},
-    {BFSharedConst::kNormBayesIC, "normBayesIC"},
-    {BFSharedConst::kLogLikelihood, "logLikelihood"},
-    {BFSharedConst::kAkaikeIC, "akaikeIC"},
-    {BFSharedConst::kBayesIC, "bayesIC"},
-    {BFSharedConst::kStationaryRSqr, "stationaryRSqr"},
-};
 
 void FillAttributes(XMLElement& e, const EstimationInfo& info) {
   const EstimationInfo::Span& span = info.GetSpan();
@@ -72,7 +52,7 @@ ElementPtr MakeEstimationInfo(const EstimationInfo& info) {
   ElementPtr e = MakeElement(tag::kEstimationInfo);
   FillAttributes(*e, info);
   AppendStatistic(*e, val::kErrVariance, info.GetErrorVariance());
-  for (const NamedStatistic& row : kStatistics) {
+  for (const auto& row : kStatistics) {
     AppendStatistic(*e, row.name, info.GetGOFStat(row.code));
   }
   AppendLjungBox(*e, info);

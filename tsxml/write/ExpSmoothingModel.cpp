@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "tsxml/Names.h"
 #include "tsxml/Tags.h"
 #include "tsxml/write/EstimationInfoElement.h"
 #include "tsxml/write/ModelIdentity.h"
@@ -26,38 +27,25 @@ namespace {
 
 using TIMESERIESXML::XMLElement;
 
-// By ESModelSpec::Kind.
-constexpr const char* kKindNames[] = {
-    tag::kESAdditiveWinters,       tag::kESBrown,          tag::kESDampedTrend, tag::kESHolt,
-    tag::kESMultiplicativeWinters, tag::kESSimpleSeasonal, tag::kESSimple,
-};
-
-// By ESModelSpec::Weight.
-constexpr const char* kWeightNames[] = {
-    tag::kParmLevel,
-    tag::kParmTrend,
-    tag::kParmSeason,
-    tag::kParmDampingTrend,
-};
-
 bool AppendWeights(XMLElement& parent, const ESModelSpec& spec, const std::valarray<double>& values,
                    const std::valarray<double>& stdErrors) {
   // A vector too short for the specification means that there are no estimates at all: the weights
   // are left out, and that is no failure.
   if (spec.GetParameterCount(true) > values.size()) return true;
-  int weight = 0;
-  return std::all_of(std::begin(kWeightNames), std::end(kWeightNames), [&](const char* name) {
-    return AppendNamedParameter(parent, spec, weight++, name, values, stdErrors);
-  });
+  return std::all_of(std::begin(kSmoothingWeights), std::end(kSmoothingWeights),
+                     [&](const NamedCode<int>& weight) {
+                       return AppendNamedParameter(parent, spec, weight.code, weight.name, values,
+                                                   stdErrors);
+                     });
 }
 
 // The element of the kind with its weights and state; null when one of them cannot be told.
 ElementPtr MakeKind(const ESModelSpec& spec, const std::valarray<double>& values,
                     const std::valarray<double>& stdErrors, const ESForecastState* state) {
-  const int kind = spec.GetKind();
-  if (kind < 0 || kind >= static_cast<int>(std::size(kKindNames))) return nullptr;
+  const char* name = NameOf(kSmoothingKinds, spec.GetKind());
+  if (name == nullptr) return nullptr;
 
-  ElementPtr e = MakeElement(kKindNames[kind]);
+  ElementPtr e = MakeElement(name);
   const unsigned seasonLength = spec.GetSeasonLength(true);
   if (seasonLength > 1) e->AddAttribute(attr::kSeasonLength, static_cast<double>(seasonLength));
   if (!AppendWeights(*e, spec, values, stdErrors)) return nullptr;

@@ -22,11 +22,6 @@ namespace tsx {
 
 namespace {
 
-constexpr char kScheme[] = "http://";
-constexpr char kNamespacePath[] = "/software/analytics/qorv/xml/components/time-series";
-constexpr char kSchemaPath[] = "/software/analytics/qorv/xml/components/time-series-1.0.xsd";
-constexpr char kXsiNamespace[] = "http://www.w3.org/2001/XMLSchema-instance";
-
 ElementPtr MakeHeader(const Application& application) {
   ElementPtr header = MakeElement(tag::kHeader);
   if (application.name().empty()) return header;
@@ -41,12 +36,12 @@ ElementPtr MakeHeader(const Application& application) {
 
 ElementPtr MakeFrame(const Application& application) {
   const std::string host = kMakersHost;
-  const std::string uri = kScheme + host + kNamespacePath;
+  const std::string uri = val::kScheme + host + val::kNamespacePath;
   ElementPtr root = MakeElement(tag::kTSCXML);
   root->AddAttribute(attr::kXmlns, uri);
-  root->AddAttribute(attr::kXmlnsXsi, kXsiNamespace);
+  root->AddAttribute(attr::kXmlnsXsi, val::kXsiNamespace);
   // The location lacks the scheme that the URI has: the format is so, and readers expect it.
-  root->AddAttribute(attr::kXsiSchemaLocation, uri + " " + host + kSchemaPath);
+  root->AddAttribute(attr::kXsiSchemaLocation, uri + " " + host + val::kSchemaPath);
   Append(*root, MakeHeader(application));
   return root;
 }
