@@ -14,9 +14,9 @@
 //     Refuse(std::string(pmml->name) + " has no place for ARIMA, " + lack);
 //   }
 //
-// The library itself refuses nothing for the sake of these facts: TSXMLTree writes what the host
-// gives and tells at AddModelTree() what becomes of models that the dialect does not have; of the
-// rest it leaves out what has no place.
+// The library refuses nothing for the sake of these facts: it writes what the host gives and leaves
+// out what has no place. TSXMLTree::SetPMMLOutput() tells what becomes of a model whose method the
+// dialect does not have.
 //
 // Constant expressions throughout; any thread may read them.
 namespace tsx {

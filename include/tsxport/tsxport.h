@@ -1,8 +1,9 @@
 #ifndef TSXPORT_TSXPORT_H_
 #define TSXPORT_TSXPORT_H_
 
-// All that libtsxport.so offers: the model tree, its records and date specifications, the visitor
-// behind it, the XML layer it stands on, and the writer and readers of object streams.
+// All that libtsxport.so offers: the model tree, its records and date specifications, the facts of
+// its dialects, the visitor behind it, the XML layer it stands on, and the writer and readers of
+// object streams.
 
 #include <tsxport/DialectFacts.h>
 #include <tsxport/Export.h>
