@@ -7,7 +7,7 @@
 
 #include "cli/Errors.h"
 #include "cli/table/CsvReader.h"
-#include "cli/table/Series.h"
+#include "cli/table/SeriesReader.h"
 
 // Any bytes as a CSV file. They give either a table, which written and read again gives the same
 // table, or an error at a place inside the file. From a table come either series, one value for
@@ -48,16 +48,21 @@ void CheckRoundTrip(const CsvTable& table) {
   }
 }
 
-void CheckSeries(const CsvTable& table, const ColumnRequest& columns) {
+void CheckSeries(const TableSeries& read) {
+  const auto& [series, places] = read;
+  Require(!series.values.empty(), "a series has values");
+  Require(series.values.size() == series.cases.size(), "each value has its case");
+  Require(series.values.size() == places.values.size(), "each value has its place");
+  Require(series.cases.front() == 0, "the first case exists");
+  Require(series.cases.back() + 1 == series.axis->CaseCount(), "the last case exists");
+  Require(!series.axis->CaseText(series.axis->CaseCount()).empty(), "the next case has a time");
+}
+
+void CheckAllSeries(const CsvTable& table, const ColumnRequest& columns) {
   for (const bool skippedAsGaps : {false, true}) {
-    for (const Series& series : ReadSeries(table, {columns, "", skippedAsGaps})) {
-      Require(!series.values.empty(), "a series has values");
-      Require(series.values.size() == series.cases.size(), "each value has its case");
-      Require(series.values.size() == series.places.size(), "each value has its place");
-      Require(series.cases.front() == 0, "the first case exists");
-      Require(series.cases.back() + 1 == series.axis->CaseCount(), "the last case exists");
-      Require(!series.axis->CaseText(series.axis->CaseCount()).empty(), "the next case has a time");
-    }
+    SeriesReader reader(table, {columns, "", skippedAsGaps});
+    TableSeries next;
+    while (reader.Next(next)) CheckSeries(next);
   }
 }
 
@@ -69,9 +74,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const CsvTable table = ParseCsv("fuzz.csv", bytes);
     CheckRoundTrip(table);
     ColumnRequest columns;
-    CheckSeries(table, columns);
+    CheckAllSeries(table, columns);
     columns.id = table.header.front().text;  // once more as a long table
-    CheckSeries(table, columns);
+    CheckAllSeries(table, columns);
   } catch (const InputError& error) {
     CheckPlace(error.place(), bytes);
   } catch (const UsageError&) {  // no such column for the ids

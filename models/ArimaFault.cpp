@@ -11,20 +11,21 @@
 namespace tsx::cli {
 namespace {
 
-ArimaFault FindSeasonFault(const ArimaRequest& request, const Series& series,
+ArimaFault FindSeasonFault(const ArimaRequest& request, const TableSeries& read,
                            unsigned seasonLength) {
+  const Series& series = read.series;
   const std::string part = SeasonalPart(request);
   if (part.empty()) return {};
   if (seasonLength < 2) {
     return {part + " needs a season, and " + series.axis->name +
                 " times have none; give its length with --season",
-            series.places.front()};
+            read.places.values.front()};
   }
   if (HasGaps(series)) {
     return {part +
                 " has seasons, which gaps would shift; leave --gaps out or choose a model "
                 "without",
-            series.places.front()};
+            read.places.values.front()};
   }
   return {};
 }
@@ -51,28 +52,33 @@ std::uint64_t ReachOf(const ArimaRequest& request, std::uint64_t season) {
 }
 
 // The core would say as much, but only after it has made polynomials of that length.
-ArimaFault FindLongReach(const ArimaRequest& request, const Series& series, unsigned seasonLength) {
+ArimaFault FindLongReach(const ArimaRequest& request, const TableSeries& read,
+                         unsigned seasonLength) {
+  const Series& series = read.series;
   const std::uint64_t reach = ReachOf(request, seasonLength);
   if (reach < series.values.size()) return {};
   return {"the model needs more than " + std::to_string(reach) + (reach == 1 ? " case" : " cases") +
               ", so far back do its lags reach; the series has " +
               std::to_string(series.values.size()),
-          series.places.front()};
+          read.places.values.front()};
 }
 
 // Cases before the first value of the series belong to no fit, and need no predictors.
-ArimaFault FindMissingPredictor(const Series& series) {
+ArimaFault FindMissingPredictor(const TableSeries& read) {
+  const Series& series = read.series;
   const auto first = std::find_if(series.values.begin(), series.values.end(),
                                   [](double value) { return value != MV::gMissingValue; });
   const auto start = static_cast<std::size_t>(first - series.values.begin());
-  for (const PredictorColumn& predictor : series.predictors) {
+  for (std::size_t p = 0; p < series.predictors.size(); ++p) {
+    const PredictorColumn& predictor = series.predictors[p];
+    const std::vector<text::Place>& places = read.places.predictors[p].values;
     for (std::size_t i = start; i < predictor.values.size(); ++i) {
       if (predictor.values[i] != MV::gMissingValue) continue;
-      const bool skipped = predictor.places[i].line == 0;
+      const bool skipped = places[i].line == 0;
       return {"the predictor " + text::Quoted(predictor.name) + " has no value at " +
                   series.axis->CaseText(series.cases[i]) +
                   (skipped ? ", which the table skips" : ", which lies within the series"),
-              PlaceOfCase(predictor.places, i)};
+              PlaceOfCase(places, i)};
     }
   }
   return {};
@@ -83,7 +89,8 @@ bool IsInDomain(double value, int functionType) {
   return functionType != TSTransformation::kSquareRoot || value >= 0;
 }
 
-ArimaFault FindImpossibleFuture(const ArimaRequest& request, const Series& series) {
+ArimaFault FindImpossibleFuture(const ArimaRequest& request, const TableSeries& read) {
+  const Series& series = read.series;
   for (std::size_t i = 0; i < series.predictors.size(); ++i) {
     const PredictorColumn& predictor = series.predictors[i];
     const int function = request.predictors[i].function_type;
@@ -94,19 +101,20 @@ ArimaFault FindImpossibleFuture(const ArimaRequest& request, const Series& serie
                   (function == TSTransformation::kLogarithm
                        ? "the logarithm needs values above 0"
                        : "the square root needs values of at least 0"),
-              predictor.future_places[h]};
+              read.places.predictors[i].future[h]};
     }
   }
   return {};
 }
 
 // Where the future of a predictor ends: at its first unknown value, else at the last known one.
-text::Place EndOf(const PredictorColumn& predictor) {
+text::Place EndOf(const PredictorPlaces& predictor) {
   if (predictor.future_end.line != 0) return predictor.future_end;
-  return predictor.future.empty() ? predictor.places.back() : predictor.future_places.back();
+  return predictor.future.empty() ? predictor.values.back() : predictor.future.back();
 }
 
-ArimaFault FindShortFuture(const ArimaRequest& request, const Series& series, unsigned horizon) {
+ArimaFault FindShortFuture(const ArimaRequest& request, const TableSeries& read, unsigned horizon) {
+  const Series& series = read.series;
   for (std::size_t i = 0; i < series.predictors.size(); ++i) {
     const PredictorColumn& predictor = series.predictors[i];
     const unsigned delay = request.predictors[i].delay;
@@ -119,7 +127,7 @@ ArimaFault FindShortFuture(const ArimaRequest& request, const Series& series, un
             series.axis->CaseText(series.axis->CaseCount() - 1) + ", where the series ends; " +
             (predictor.future.size() == 1 ? "there is 1"
                                           : "there are " + std::to_string(predictor.future.size())),
-        EndOf(predictor)};
+        EndOf(read.places.predictors[i])};
   }
   return {};
 }
@@ -138,14 +146,14 @@ ArimaFault FindLostOutlier(const ArimaRequest& request, const Series& series) {
 
 }  // namespace
 
-ArimaFault FindArimaFault(const ArimaRequest& request, const Series& series, unsigned seasonLength,
-                          unsigned horizon) {
-  ArimaFault fault = FindSeasonFault(request, series, seasonLength);
-  if (fault.cause.empty()) fault = FindLongReach(request, series, seasonLength);
-  if (fault.cause.empty()) fault = FindMissingPredictor(series);
-  if (fault.cause.empty()) fault = FindShortFuture(request, series, horizon);
-  if (fault.cause.empty()) fault = FindImpossibleFuture(request, series);
-  if (fault.cause.empty()) fault = FindLostOutlier(request, series);
+ArimaFault FindArimaFault(const ArimaRequest& request, const TableSeries& read,
+                          unsigned seasonLength, unsigned horizon) {
+  ArimaFault fault = FindSeasonFault(request, read, seasonLength);
+  if (fault.cause.empty()) fault = FindLongReach(request, read, seasonLength);
+  if (fault.cause.empty()) fault = FindMissingPredictor(read);
+  if (fault.cause.empty()) fault = FindShortFuture(request, read, horizon);
+  if (fault.cause.empty()) fault = FindImpossibleFuture(request, read);
+  if (fault.cause.empty()) fault = FindLostOutlier(request, read.series);
   return fault;
 }
 

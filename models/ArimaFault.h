@@ -3,8 +3,7 @@
 
 #include <string>
 
-#include "cli/Errors.h"
-#include "cli/table/Series.h"
+#include "cli/table/TableSeries.h"
 #include "models/ArimaRequest.h"
 
 namespace tsx::cli {
@@ -18,8 +17,8 @@ struct ArimaFault {
 // Looks for seasons without a season length or over gaps, lags beyond the series, predictors with
 // missing values up to the end of the series, known for less than `horizon` periods behind it or
 // there outside the domain of their transformation, and outliers at times that the series has not.
-ArimaFault FindArimaFault(const ArimaRequest& request, const Series& series, unsigned seasonLength,
-                          unsigned horizon);
+ArimaFault FindArimaFault(const ArimaRequest& request, const TableSeries& read,
+                          unsigned seasonLength, unsigned horizon);
 
 }  // namespace tsx::cli
 

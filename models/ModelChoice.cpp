@@ -28,13 +28,13 @@ double RankingBic(const TSFModel& model) {
 
 // Fills in why the core refused the series.
 template <typename Fit>
-void Explain(Candidate& candidate, const Series& series, const Fit& fit) {
+void Explain(Candidate& candidate, const FittedSeries& fitted, const Fit& fit) {
   const bool blamesValue =
       fit.status == tsffit::FitStatus::kNotPositive || fit.status == tsffit::FitStatus::kNegative;
   const std::size_t blamed = blamesValue ? fit.bad_case : 0;
-  candidate.refused_at = series.places[blamed];
+  candidate.refused_at = fitted.places->values[blamed];
   candidate.refusal =
-      (blamesValue ? text::NumberText(series.values[blamed]) + ": " : "") + fit.message;
+      (blamesValue ? text::NumberText(fitted.series->values[blamed]) + ": " : "") + fit.message;
 }
 
 // Fits one kind. A better fit than the one held so far replaces it.
@@ -55,7 +55,7 @@ void Try(const KindInfo& kind, const ModelRequest& request, FittedSeries& fitted
       fitted.model = fit.model;
     }
   } else {
-    Explain(candidate, *fitted.series, fit);
+    Explain(candidate, fitted, fit);
   }
   fitted.candidates.push_back(candidate);
 }
@@ -71,16 +71,18 @@ void TryCroston(const ModelRequest& request, FittedSeries& fitted) {
     fitted.kind = candidate.kind;
     fitted.croston = fit.model;
   } else {
-    Explain(candidate, *fitted.series, fit);
+    Explain(candidate, fitted, fit);
   }
   fitted.candidates.push_back(candidate);
 }
 
 // Fills in which value of the series or of a predictor the core refused, if it was one.
-void ExplainArima(Candidate& candidate, const Series& series, const tsffit::ArimaFit& fit) {
+void ExplainArima(Candidate& candidate, const FittedSeries& fitted, const tsffit::ArimaFit& fit) {
+  const Series& series = *fitted.series;
+  const SeriesPlaces& places = *fitted.places;
   using tsffit::FitStatus;
   candidate.refusal = fit.message;
-  candidate.refused_at = series.places.front();
+  candidate.refused_at = places.values.front();
   const bool blamesValue = fit.status == FitStatus::kNotPositive ||
                            fit.status == FitStatus::kNegative ||
                            fit.status == FitStatus::kNotFinite || fit.status == FitStatus::kMissing;
@@ -89,8 +91,10 @@ void ExplainArima(Candidate& candidate, const Series& series, const tsffit::Arim
       fit.bad_predictor < 0 ? nullptr
                             : &series.predictors[static_cast<std::size_t>(fit.bad_predictor)];
   const double value = (predictor != nullptr ? predictor->values : series.values)[fit.bad_case];
-  candidate.refused_at =
-      PlaceOfCase(predictor != nullptr ? predictor->places : series.places, fit.bad_case);
+  candidate.refused_at = PlaceOfCase(
+      predictor != nullptr ? places.predictors[static_cast<std::size_t>(fit.bad_predictor)].values
+                           : places.values,
+      fit.bad_case);
   candidate.refusal =
       (predictor != nullptr ? "predictor " + text::Quoted(predictor->name) + ", " : std::string()) +
       (value != MV::gMissingValue
@@ -113,7 +117,7 @@ void TryArima(const ModelRequest& request, FittedSeries& fitted) {
                     .aicc = outcome.aicc,
                     .outliers_sought = request.arima.detect_outliers};
   } else {
-    ExplainArima(candidate, *fitted.series, outcome.fit);
+    ExplainArima(candidate, fitted, outcome.fit);
   }
   fitted.candidates.push_back(candidate);
 }
@@ -147,12 +151,13 @@ void TrySmoothing(const ModelRequest& request, FittedSeries& fitted) {
 }
 
 // Why the request cannot go with the series, and where; empty when it can.
-ArimaFault FindFault(const ModelRequest& request, const FittedSeries& fitted) {
-  const Series& series = *fitted.series;
-  const std::string fault = series.axis->Fault();
-  if (!fault.empty() || request.kind == nullptr) return {fault, series.places.front()};
-  if (request.kind != &ArimaKind()) return {Misfit(*request.kind, fitted), series.places.front()};
-  return FindArimaFault(request.arima, series, fitted.season_length, request.horizon);
+ArimaFault FindFault(const TableSeries& read, const ModelRequest& request,
+                     const FittedSeries& fitted) {
+  const std::string fault = read.series.axis->Fault();
+  const text::Place first = read.places.values.front();
+  if (!fault.empty() || request.kind == nullptr) return {fault, first};
+  if (request.kind != &ArimaKind()) return {Misfit(*request.kind, fitted), first};
+  return FindArimaFault(request.arima, read, fitted.season_length, request.horizon);
 }
 
 void TryAll(const ModelRequest& request, FittedSeries& fitted) {
@@ -189,13 +194,14 @@ std::string ZerosText(const ZeroCount& count) {
          " cases are zero and none is negative";
 }
 
-FittedSeries FitSeries(const Series& series, const ModelRequest& request) {
+FittedSeries FitSeries(const TableSeries& read, const ModelRequest& request) {
   FittedSeries fitted;
-  fitted.series = &series;
-  const DateAxis& axis = *series.axis;
+  fitted.series = &read.series;
+  fitted.places = &read.places;
+  const DateAxis& axis = *read.series.axis;
   fitted.season_length =
       request.season_length != 0 ? request.season_length : std::max(axis.SeasonLength(), 1U);
-  const ArimaFault fault = FindFault(request, fitted);
+  const ArimaFault fault = FindFault(read, request, fitted);
   fitted.fault_place = fault.place;
   fitted.fault = fault.cause;
   if (!fitted.fault.empty()) return fitted;

@@ -11,7 +11,7 @@
 #include <tsffit/Forecast.h>
 
 #include "cli/Errors.h"
-#include "cli/table/Series.h"
+#include "cli/table/TableSeries.h"
 #include "models/ArimaRequest.h"
 #include "models/Kinds.h"
 
@@ -49,6 +49,7 @@ struct ArimaNotes {
 
 struct FittedSeries {
   const Series* series = nullptr;
+  const SeriesPlaces* places = nullptr;  // of the series, for the places of faults
   unsigned season_length = 1;
   std::vector<Candidate> candidates;  // those tried, the simplest first; empty: none could be
   const KindInfo* kind = nullptr;     // null: hopeless, and the fault says why
@@ -80,7 +81,7 @@ std::string ZerosText(const ZeroCount& count);
 // season of at least 2 and no case is left out as a gap; multiplicative seasons when nothing is
 // transformed (a transformed series has additive seasons) and every value is positive.
 // Never throws on data; threads may call it side by side.
-FittedSeries FitSeries(const Series& series, const ModelRequest& request);
+FittedSeries FitSeries(const TableSeries& read, const ModelRequest& request);
 
 // "lowest normalised BIC of 7 kinds: winters-additive 5.1, next holt 6.2", for people.
 std::string ReasonForChoice(const FittedSeries& fitted);

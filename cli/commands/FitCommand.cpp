@@ -11,6 +11,7 @@
 #include "cli/system/Progress.h"
 #include "cli/system/SafeFile.h"
 #include "cli/table/CsvReader.h"
+#include "cli/table/SeriesReader.h"
 #include "report/ForecastTable.h"
 #include "report/Plot.h"
 #include "report/Summary.h"
@@ -41,8 +42,8 @@ void CheckPaths(const FitOptions& options) {
 }
 
 // What is asked of the calendar must be possible on every axis.
-void CheckAxes(const std::vector<Series>& all, const FitOptions& options) {
-  for (const Series& series : all) {
+void CheckAxes(const std::vector<TableSeries>& all, const FitOptions& options) {
+  for (const auto& [series, places] : all) {
     const DateAxis& axis = *series.axis;
     if (options.first_case_day && !axis.HasPeriod(TSXDateSpec::Day)) {
       throw UsageError("--first-case-day: the calendar of " + text::Quoted(series.model_name) +
@@ -57,7 +58,7 @@ void CheckAxes(const std::vector<Series>& all, const FitOptions& options) {
   }
 }
 
-std::vector<FittedSeries> FitAll(const std::vector<Series>& all, const FitOptions& options,
+std::vector<FittedSeries> FitAll(const std::vector<TableSeries>& all, const FitOptions& options,
                                  const Streams& io) {
   std::vector<FittedSeries> fitted(all.size());
   ProgressBar bar(io.err, io.err_is_terminal, all.size());
@@ -156,7 +157,8 @@ void WriteAll(const std::vector<FittedSeries>& fitted, const FitOptions& options
 int RunFit(const FitOptions& options, const Streams& io) {
   CheckPaths(options);
   const CsvTable table = ReadCsvFile(options.input);
-  const std::vector<Series> all = ReadSeries(table, {options.columns, options.name, options.gaps});
+  const std::vector<TableSeries> all =
+      ReadSeries(table, {options.columns, options.name, options.gaps});
   CheckAxes(all, options);
   if (options.format == DocumentFormat::kPmml) CheckSeriesForPmml(table.file, all, options.model);
   const std::vector<FittedSeries> fitted = FitAll(all, options, io);

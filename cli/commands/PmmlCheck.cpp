@@ -17,19 +17,20 @@ namespace {
 
 constexpr char kConsequence[] = ", so its readers would forecast wrongly; use --format tscxml";
 
-void CheckMissing(const std::string& file, const Series& series) {
+void CheckMissing(const std::string& file, const TableSeries& read) {
+  const Series& series = read.series;
   const auto missing = std::find(series.values.begin(), series.values.end(), MV::gMissingValue);
   if (missing == series.values.end()) return;
   const auto at = static_cast<std::size_t>(missing - series.values.begin());
-  Refuse(file, PlaceOfCase(series.places, at), series,
+  Refuse(file, PlaceOfCase(read.places.values, at), series,
          "the value at " + series.axis->CaseText(series.cases[at]) +
              " is missing: --format pmml has no place for that" + kConsequence);
 }
 
-void CheckDemand(const std::string& file, const Series& series) {
-  const ZeroCount count = CountZeros(series);
+void CheckDemand(const std::string& file, const TableSeries& read) {
+  const ZeroCount count = CountZeros(read.series);
   if (!count.intermittent) return;
-  Refuse(file, series.places.front(), series,
+  Refuse(file, read.places.values.front(), read.series,
          ZerosText(count) + ", which asks for Croston's method: --format pmml has no place for it" +
              kConsequence + " or name a --model");
 }
@@ -51,12 +52,12 @@ void CheckModelForPmml(const ModelRequest& request) {
   }
 }
 
-void CheckSeriesForPmml(const std::string& file, const std::vector<Series>& all,
+void CheckSeriesForPmml(const std::string& file, const std::vector<TableSeries>& all,
                         const ModelRequest& request) {
-  for (const Series& series : all) {
-    if (!series.axis->Fault().empty()) continue;  // hopeless in any format
-    CheckMissing(file, series);
-    if (request.kind == nullptr) CheckDemand(file, series);
+  for (const TableSeries& read : all) {
+    if (!read.series.axis->Fault().empty()) continue;  // hopeless in any format
+    CheckMissing(file, read);
+    if (request.kind == nullptr) CheckDemand(file, read);
   }
 }
 

@@ -15,7 +15,7 @@ void CheckModelForPmml(const ModelRequest& request);
 
 // Throws InputError for the first series with a missing value, and where the kind is left to
 // choose, for the first one with intermittent demand. `file` is the table's name.
-void CheckSeriesForPmml(const std::string& file, const std::vector<Series>& all,
+void CheckSeriesForPmml(const std::string& file, const std::vector<TableSeries>& all,
                         const ModelRequest& request);
 
 }  // namespace tsx::cli

@@ -4,6 +4,7 @@
 #include <tsfcore/MV.h>
 
 #include "cli/options/ArimaOptions.h"
+#include "cli/table/SeriesReader.h"
 #include "models/ArimaFault.h"
 #include "models/ArimaSpec.h"
 #include "support/Tables.h"
@@ -19,7 +20,7 @@ constexpr char kMonthsWithX[] =
     "date,y,x\n2000-01,5,1\n2000-02,6,2\n2000-03,4,3\n2000-04,7,4\n2000-05,5,5\n";
 constexpr char kYears[] = "year,y\n1871,5\n1872,6\n1873,4\n1874,7\n";
 
-Series SeriesOf(std::string_view text, bool gaps = false) {
+TableSeries SeriesOf(std::string_view text, bool gaps = false) {
   SeriesOptions options;
   options.columns.variables = {"y"};
   if (text.find(",x\n") != std::string_view::npos) options.columns.predictors = {"x"};
@@ -43,15 +44,15 @@ ArimaRequest WithOutlier(const std::string& outlier) {
   return request;
 }
 
-AMModelSpec SpecOf(const ArimaRequest& request, const Series& series, unsigned season = 1) {
-  return AMModelSpec(MakeArimaSpec(request, series, season, TSTransformation::kNone));
+AMModelSpec SpecOf(const ArimaRequest& request, const TableSeries& series, unsigned season = 1) {
+  return AMModelSpec(MakeArimaSpec(request, series.series, season, TSTransformation::kNone));
 }
 
 bool HasConstant(const ArimaRequest& request) {
-  return MakeArimaSpec(request, SeriesOf(kYears), 1, TSTransformation::kNone).has_constant;
+  return MakeArimaSpec(request, SeriesOf(kYears).series, 1, TSTransformation::kNone).has_constant;
 }
 
-long OutlierIndex(const std::string& outlier, const Series& series) {
+long OutlierIndex(const std::string& outlier, const TableSeries& series) {
   return SpecOf(WithOutlier(outlier), series).GetOutliers().GetOutlierSpec(0).GetStartIndex();
 }
 
@@ -59,10 +60,10 @@ std::string TitleOf(const std::string& model, unsigned season,
                     int function = TSTransformation::kNone) {
   ArimaRequest request = Request(model);
   request.constant = false;
-  return ArimaTitle(AMModelSpec(MakeArimaSpec(request, SeriesOf(kYears), season, function)));
+  return ArimaTitle(AMModelSpec(MakeArimaSpec(request, SeriesOf(kYears).series, season, function)));
 }
 
-std::string FaultOf(const ArimaRequest& request, const Series& series, unsigned season = 12,
+std::string FaultOf(const ArimaRequest& request, const TableSeries& series, unsigned season = 12,
                     unsigned horizon = 0) {
   return FindArimaFault(request, series, season, horizon).cause;
 }
@@ -198,7 +199,7 @@ TEST(ArimaFault, SeasonsNeedALength) {
 }
 
 TEST(ArimaFault, GapsShiftSeasons) {
-  const Series series = SeriesOf("date,y\n2000-01,5\n2000-02,6\n2000-04,7\n2000-05,5\n", true);
+  const TableSeries series = SeriesOf("date,y\n2000-01,5\n2000-02,6\n2000-04,7\n2000-05,5\n", true);
   EXPECT_EQ(FaultOf(Request("arima(1,0,0)(1,0,0)"), series),
             "the second parenthesis of arima(p,d,q)(P,D,Q) has seasons, which gaps would shift; "
             "leave --gaps out or choose a model without");
@@ -206,7 +207,7 @@ TEST(ArimaFault, GapsShiftSeasons) {
 }
 
 TEST(ArimaFault, LagsReachNoFurtherThanTheSeries) {
-  const Series series = SeriesOf(kMonths);
+  const TableSeries series = SeriesOf(kMonths);
   EXPECT_EQ(FaultOf(Request("arima(5,0,0)"), series), "");
   EXPECT_EQ(FaultOf(Request("arima(6,0,0)"), series),
             "the model needs more than 6 cases, so far back do its lags reach; the series has 6");
@@ -249,7 +250,7 @@ TEST(ArimaFault, PredictorNeedsNoValueBeforeTheSeriesBegins) {
 }
 
 TEST(ArimaFault, FutureOfAPredictorIsInTheDomainOfItsTransformation) {
-  const Series series = SeriesOf("date,y,x\n2000-01,5,1\n2000-02,6,2\n2000-03,,-3\n");
+  const TableSeries series = SeriesOf("date,y,x\n2000-01,5,1\n2000-02,6,2\n2000-03,,-3\n");
   const ArimaFault fault = FindArimaFault(WithPredictor("x:transform=log"), series, 1, 0);
   EXPECT_EQ(fault.cause, "the predictor 'x' is -3: the logarithm needs values above 0");
   EXPECT_EQ(fault.place, (text::Place{4, 10}));
@@ -263,8 +264,8 @@ constexpr char kTwoAhead[] =
     "2000-05,,3\n2000-06,,4\n2000-07,,\n";
 
 TEST(ArimaHorizon, EndsWithTheKnownValuesOfThePredictor) {
-  const Series series = SeriesOf(kTwoAhead);
-  EXPECT_EQ(KnownHorizon(SpecOf(WithPredictor("x"), series), series), 2U);
+  const TableSeries series = SeriesOf(kTwoAhead);
+  EXPECT_EQ(KnownHorizon(SpecOf(WithPredictor("x"), series), series.series), 2U);
   EXPECT_EQ(FaultOf(WithPredictor("x"), series, 1, 2), "");
   EXPECT_EQ(FaultOf(WithPredictor("x"), series, 1, 3),
             "--forecast 3 needs 3 values of the predictor 'x' after 2000-04, where the series "
@@ -287,8 +288,8 @@ TEST(ArimaHorizon, OfOnePeriodNeedsOneValue) {
 }
 
 TEST(ArimaHorizon, IsLongerByTheDelay) {
-  const Series series = SeriesOf(kTwoAhead);
-  EXPECT_EQ(KnownHorizon(SpecOf(WithPredictor("x:delay=3"), series), series), 5U);
+  const TableSeries series = SeriesOf(kTwoAhead);
+  EXPECT_EQ(KnownHorizon(SpecOf(WithPredictor("x:delay=3"), series), series.series), 5U);
   EXPECT_EQ(FaultOf(WithPredictor("x:delay=3"), series, 1, 5), "");
   EXPECT_EQ(FaultOf(WithPredictor("x:delay=3"), series, 1, 6),
             "--forecast 6 needs 3 values of the predictor 'x' after 2000-04, where the series "
@@ -296,16 +297,16 @@ TEST(ArimaHorizon, IsLongerByTheDelay) {
 }
 
 TEST(ArimaHorizon, HasNoEndWithoutPredictors) {
-  const Series series = SeriesOf(kYears);
-  EXPECT_EQ(KnownHorizon(SpecOf(Request("arima(0,1,1)"), series), series),
+  const TableSeries series = SeriesOf(kYears);
+  EXPECT_EQ(KnownHorizon(SpecOf(Request("arima(0,1,1)"), series), series.series),
             std::numeric_limits<unsigned>::max());
 }
 
 TEST(ArimaHorizon, LastKnownValueStandsForThoseWithoutEffect) {
   using Values = std::vector<double>;
-  EXPECT_EQ(FutureValues(SeriesOf(kTwoAhead), 4), (std::vector<Values>{{3, 4, 4, 4}}));
-  EXPECT_EQ(FutureValues(SeriesOf(kMonthsWithX), 2), (std::vector<Values>{{5, 5}}));
-  EXPECT_EQ(FutureValues(SeriesOf(kTwoAhead), 1), (std::vector<Values>{{3}}));
+  EXPECT_EQ(FutureValues(SeriesOf(kTwoAhead).series, 4), (std::vector<Values>{{3, 4, 4, 4}}));
+  EXPECT_EQ(FutureValues(SeriesOf(kMonthsWithX).series, 2), (std::vector<Values>{{5, 5}}));
+  EXPECT_EQ(FutureValues(SeriesOf(kTwoAhead).series, 1), (std::vector<Values>{{3}}));
 }
 
 TEST(ArimaTitle, HasTheUsualNotation) {

@@ -4,6 +4,7 @@
 
 #include <tsfcore/MV.h>
 
+#include "cli/table/SeriesReader.h"
 #include "models/ModelChoice.h"
 #include "support/Tables.h"
 
@@ -13,7 +14,7 @@ namespace {
 using test::Table;
 
 // A monthly series from 2000-01 on, with the line numbers of a file.
-Series Monthly(const std::vector<double>& values) {
+TableSeries Monthly(const std::vector<double>& values) {
   std::string text = "date,y\n";
   for (std::size_t i = 0; i < values.size(); ++i) {
     const std::string time = TimeText({TimeUnit::kMonth}, 24000 + static_cast<std::int64_t>(i));
@@ -43,12 +44,12 @@ bool WasFitted(const FittedSeries& fitted, const std::string& name) {
 }
 
 TEST(ModelChoice, AllKindsAreTriedOnAPositiveSeasonalSeries) {
-  const Series series = Monthly(Seasons(60, 100));
+  const TableSeries series = Monthly(Seasons(60, 100));
   EXPECT_EQ(Tried(FitSeries(series, {})).size(), 7U);
 }
 
 TEST(ModelChoice, LowestNormalisedBicWins) {
-  const Series series = Monthly(Seasons(60, 100));
+  const TableSeries series = Monthly(Seasons(60, 100));
   const FittedSeries fitted = FitSeries(series, {});
   for (const Candidate& candidate : fitted.candidates) {
     EXPECT_GE(candidate.bic, fitted.model.GetGOFStat("NRMBIC")) << candidate.kind->option;
@@ -56,7 +57,7 @@ TEST(ModelChoice, LowestNormalisedBicWins) {
 }
 
 TEST(ModelChoice, NoMultiplicativeSeasonsWhereAValueIsNotPositive) {
-  const Series series = Monthly(Seasons(60, 0));
+  const TableSeries series = Monthly(Seasons(60, 0));
   const FittedSeries fitted = FitSeries(series, {});
   EXPECT_FALSE(WasFitted(fitted, "winters-multiplicative"));
   EXPECT_TRUE(WasFitted(fitted, "winters-additive"));
@@ -64,7 +65,7 @@ TEST(ModelChoice, NoMultiplicativeSeasonsWhereAValueIsNotPositive) {
 }
 
 TEST(ModelChoice, NoMultiplicativeSeasonsOfATransformedSeries) {
-  const Series series = Monthly(Seasons(60, 100));
+  const TableSeries series = Monthly(Seasons(60, 100));
   const FittedSeries fitted = FitSeries(
       series, {.kind = nullptr, .season_length = 0, .function_type = TSTransformation::kLogarithm});
   EXPECT_FALSE(WasFitted(fitted, "winters-multiplicative"));
@@ -72,18 +73,18 @@ TEST(ModelChoice, NoMultiplicativeSeasonsOfATransformedSeries) {
 }
 
 TEST(ModelChoice, NoSeasonsInASeriesOfLessThanTwo) {
-  const Series series = Monthly(Seasons(20, 100));
+  const TableSeries series = Monthly(Seasons(20, 100));
   const FittedSeries fitted = FitSeries(series, {});
   EXPECT_EQ(Tried(fitted), (std::vector<std::string>{"simple", "brown", "holt", "damped-trend"}));
 }
 
 TEST(ModelChoice, SeasonOfOneMeansNoSeasons) {
-  const Series series = Monthly(Seasons(60, 100));
+  const TableSeries series = Monthly(Seasons(60, 100));
   EXPECT_EQ(FitSeries(series, {.kind = nullptr, .season_length = 1}).candidates.size(), 4U);
 }
 
 TEST(ModelChoice, PerfectFitsRankFirstAndTheSimplestOfThemWins) {
-  const Series series = Monthly(std::vector<double>(40, 5));
+  const TableSeries series = Monthly(std::vector<double>(40, 5));
   const FittedSeries fitted = FitSeries(series, {});
   ASSERT_NE(fitted.kind, nullptr);
   EXPECT_STREQ(fitted.kind->option, "simple");
@@ -91,7 +92,7 @@ TEST(ModelChoice, PerfectFitsRankFirstAndTheSimplestOfThemWins) {
 }
 
 TEST(ModelChoice, KindAskedForIsTheOnlyOneTried) {
-  const Series series = Monthly(Seasons(60, 100));
+  const TableSeries series = Monthly(Seasons(60, 100));
   const FittedSeries fitted = FitSeries(series, {.kind = FindKind("holt")});
   EXPECT_EQ(Tried(fitted), std::vector<std::string>{"holt"});
 }
@@ -121,17 +122,17 @@ std::vector<double> WithZeros(int zeros) {
 }
 
 TEST(Intermittent, ThreeTenthsOfZerosAreEnough) {
-  EXPECT_TRUE(CountZeros(Monthly(WithZeros(3))).intermittent);
-  EXPECT_FALSE(CountZeros(Monthly(WithZeros(2))).intermittent);
+  EXPECT_TRUE(CountZeros(Monthly(WithZeros(3)).series).intermittent);
+  EXPECT_FALSE(CountZeros(Monthly(WithZeros(2)).series).intermittent);
 }
 
 TEST(Intermittent, MissingCasesDoNotCount) {
   std::vector<double> values = WithZeros(3);
   values.push_back(5);
-  EXPECT_FALSE(CountZeros(Monthly(values)).intermittent);
-  Series series = Monthly(values);
-  series.values.back() = MV::gMissingValue;
-  const ZeroCount count = CountZeros(series);
+  EXPECT_FALSE(CountZeros(Monthly(values).series).intermittent);
+  TableSeries series = Monthly(values);
+  series.series.values.back() = MV::gMissingValue;
+  const ZeroCount count = CountZeros(series.series);
   EXPECT_TRUE(count.intermittent);
   EXPECT_EQ(count.cases, 10U);
   EXPECT_EQ(count.zeros, 3U);
@@ -140,17 +141,17 @@ TEST(Intermittent, MissingCasesDoNotCount) {
 TEST(Intermittent, NegativeCasesSpeakAgainstIt) {
   std::vector<double> values = WithZeros(6);
   values.back() = -1;
-  EXPECT_FALSE(CountZeros(Monthly(values)).intermittent);
+  EXPECT_FALSE(CountZeros(Monthly(values).series).intermittent);
 }
 
 TEST(Intermittent, ThereIsNoDemandWhereAllIsZero) {
-  const Series series = Monthly(WithZeros(10));
-  EXPECT_FALSE(CountZeros(series).intermittent);
+  const TableSeries series = Monthly(WithZeros(10));
+  EXPECT_FALSE(CountZeros(series.series).intermittent);
   EXPECT_STREQ(FitSeries(series, {}).kind->option, "simple");
 }
 
 TEST(Intermittent, GetsCrostonsMethodWithoutAComparison) {
-  const Series series = Monthly(WithZeros(4));
+  const TableSeries series = Monthly(WithZeros(4));
   const FittedSeries fitted = FitSeries(series, {});
   EXPECT_EQ(Tried(fitted), std::vector<std::string>{"croston"});
   EXPECT_EQ(fitted.kind, &CrostonKind());
@@ -161,15 +162,15 @@ TEST(Intermittent, GetsCrostonsMethodWithoutAComparison) {
 }
 
 TEST(Intermittent, KindAskedForIsTaken) {
-  const Series series = Monthly(WithZeros(4));
+  const TableSeries series = Monthly(WithZeros(4));
   EXPECT_EQ(Tried(FitSeries(series, {.kind = FindKind("holt")})), std::vector<std::string>{"holt"});
-  const Series busy = Monthly(WithZeros(0));
+  const TableSeries busy = Monthly(WithZeros(0));
   EXPECT_EQ(Tried(FitSeries(busy, {.kind = FindKind("croston")})),
             std::vector<std::string>{"croston"});
 }
 
 TEST(Intermittent, SizesAreTransformedAlthoughZeroHasNoLogarithm) {
-  const Series series = Monthly(WithZeros(4));
+  const TableSeries series = Monthly(WithZeros(4));
   const FittedSeries fitted = FitSeries(
       series, {.kind = nullptr, .season_length = 0, .function_type = TSTransformation::kLogarithm});
   ASSERT_EQ(fitted.kind, &CrostonKind());
@@ -179,7 +180,7 @@ TEST(Intermittent, SizesAreTransformedAlthoughZeroHasNoLogarithm) {
 TEST(HopelessSeries, NegativeDemandIsBlamed) {
   std::vector<double> values = WithZeros(4);
   values[6] = -2;
-  const Series series = Monthly(values);
+  const TableSeries series = Monthly(values);
   const FittedSeries fitted = FitSeries(series, {.kind = FindKind("croston")});
   EXPECT_EQ(fitted.kind, nullptr);
   EXPECT_EQ(fitted.fault, "-2: Croston's method needs values of at least 0");
@@ -187,7 +188,7 @@ TEST(HopelessSeries, NegativeDemandIsBlamed) {
 }
 
 TEST(HopelessSeries, NoDemandForCrostonsMethod) {
-  const Series series = Monthly(WithZeros(10));
+  const TableSeries series = Monthly(WithZeros(10));
   const FittedSeries fitted = FitSeries(series, {.kind = FindKind("croston")});
   EXPECT_EQ(fitted.fault, "the series has no demand: no value is above 0");
   EXPECT_EQ(fitted.fault_place, (text::Place{2, 9}));
@@ -196,7 +197,7 @@ TEST(HopelessSeries, NoDemandForCrostonsMethod) {
 TEST(HopelessSeries, ValueThatHasNoLogarithmIsBlamed) {
   std::vector<double> values = Seasons(40, 100);
   values[7] = 0;
-  const Series series = Monthly(values);
+  const TableSeries series = Monthly(values);
   const FittedSeries fitted = FitSeries(series, {.kind = FindKind("simple"),
                                                  .season_length = 0,
                                                  .function_type = TSTransformation::kLogarithm});
@@ -208,7 +209,7 @@ TEST(HopelessSeries, ValueThatHasNoLogarithmIsBlamed) {
 TEST(HopelessSeries, ValueThatHasNoSquareRootIsBlamed) {
   std::vector<double> values = Seasons(40, 100);
   values[7] = -1;
-  const Series series = Monthly(values);
+  const TableSeries series = Monthly(values);
   const FittedSeries fitted = FitSeries(
       series,
       {.kind = nullptr, .season_length = 0, .function_type = TSTransformation::kSquareRoot});
@@ -216,7 +217,7 @@ TEST(HopelessSeries, ValueThatHasNoSquareRootIsBlamed) {
 }
 
 TEST(HopelessSeries, TooShortASeriesIsBlamedAtItsFirstValue) {
-  const Series series = Monthly({1, 2});
+  const TableSeries series = Monthly({1, 2});
   const FittedSeries fitted = FitSeries(series, {});
   EXPECT_EQ(fitted.kind, nullptr);
   EXPECT_EQ(fitted.fault, "the model needs 3 cases that are not missing, the series has 2");
@@ -224,7 +225,7 @@ TEST(HopelessSeries, TooShortASeriesIsBlamedAtItsFirstValue) {
 }
 
 TEST(HopelessSeries, SeasonsWithoutACalendarThatHasThem) {
-  const Series series = ReadSeries(Table("year,y\n1871,3\n1872,4\n1873,3\n"), {}).front();
+  const TableSeries series = ReadSeries(Table("year,y\n1871,3\n1872,4\n1873,3\n"), {}).front();
   const FittedSeries fitted = FitSeries(series, {.kind = FindKind("winters-additive")});
   EXPECT_EQ(fitted.fault,
             "winters-additive needs a season, and yearly times have none; give its length with "
@@ -239,7 +240,7 @@ TEST(HopelessSeries, SeasonsWithGaps) {
   }
   SeriesOptions options;
   options.skipped_as_gaps = true;
-  const Series series = ReadSeries(Table(text), options).front();
+  const TableSeries series = ReadSeries(Table(text), options).front();
   EXPECT_EQ(FitSeries(series, {.kind = FindKind("winters-additive")}).fault,
             "winters-additive has seasons, which gaps would shift; leave --gaps out or choose a "
             "model without");

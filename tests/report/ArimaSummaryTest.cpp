@@ -6,6 +6,7 @@
 #include <tsfcore/MV.h>
 
 #include "cli/options/ArimaOptions.h"
+#include "cli/table/SeriesReader.h"
 #include "report/ArimaSummary.h"
 #include "report/Summary.h"
 #include "support/Tables.h"
@@ -22,7 +23,7 @@ constexpr char kTable[] =
 Series TestSeries() {
   SeriesOptions options;
   options.columns.predictors = {"x"};
-  return ReadSeries(Table(kTable), options).front();
+  return ReadSeries(Table(kTable), options).front().series;
 }
 
 ARMAMLForecastState StateOf(const AMModelSpec::Fields& spec, std::valarray<double> estimates,
@@ -122,7 +123,7 @@ TEST(ArimaSummary, MethodIsToldByTheState) {
 std::pair<std::string, std::string> SummaryOf(bool converged) {
   std::string text = "n,y\n";
   for (int i = 1; i <= 20; ++i) text += std::to_string(i) + "," + std::to_string(i * i % 7) + "\n";
-  const Series series = ReadSeries(Table(text), {}).front();
+  const TableSeries series = ReadSeries(Table(text), {}).front();
   ModelRequest request;
   request.kind = &ArimaKind();
   request.arima.orders = ParseArimaOrders("arima(1,0,0)");

@@ -2,6 +2,7 @@
 
 #include <tsfcore/MV.h>
 
+#include "cli/table/SeriesReader.h"
 #include "report/Plot.h"
 #include "report/TimeTicks.h"
 #include "report/ValueScale.h"
@@ -86,12 +87,12 @@ TEST(TimeTicks, NumbersAreMarkedByRoundNumbers) {
             (Strings{"49:50", "99:100", "149:150"}));
 }
 
-std::vector<FittedSeries> FitTable(const CsvTable& table, std::vector<Series>& series,
+std::vector<FittedSeries> FitTable(const CsvTable& table, std::vector<TableSeries>& series,
                                    const SeriesOptions& options = {},
                                    const ModelRequest& request = {}) {
   series = ReadSeries(table, options);
   std::vector<FittedSeries> fitted;
-  for (const Series& one : series) fitted.push_back(FitSeries(one, request));
+  for (const TableSeries& one : series) fitted.push_back(FitSeries(one, request));
   return fitted;
 }
 std::size_t Count(const std::string& text, const std::string& part) {
@@ -106,7 +107,7 @@ constexpr char kTwoSeries[] =
     "year,a,b\n1990,5,1\n1991,6,3\n1992,,2\n1993,7,4\n1994,6,3\n1995,8,5\n1996,7,4\n";
 
 TEST(Plot, IsWellFormedWithOnePanelPerSeries) {
-  std::vector<Series> series;
+  std::vector<TableSeries> series;
   const std::string svg = PlotText(FitTable(Table(kTwoSeries), series), 3);
   test::ExpectWellFormed(svg);
   EXPECT_EQ(Count(svg, "<path class=\"series\""), 2U);
@@ -115,7 +116,7 @@ TEST(Plot, IsWellFormedWithOnePanelPerSeries) {
 }
 
 TEST(Plot, MissingValueInterruptsTheLine) {
-  std::vector<Series> series;
+  std::vector<TableSeries> series;
   const std::string svg = PlotText(FitTable(Table("y\n5\n6\nNA\n7\n6\n8\n"), series), 2);
   const std::size_t start = svg.find("<path class=\"series\" d=\"");
   const std::string path = svg.substr(start, svg.find("/>", start) - start);
@@ -124,7 +125,7 @@ TEST(Plot, MissingValueInterruptsTheLine) {
 }
 
 TEST(Plot, NamesAreEscaped) {
-  std::vector<Series> series;
+  std::vector<TableSeries> series;
   SeriesOptions options;
   options.name = "R&D <2020> \"x\"";
   const std::string svg = PlotText(FitTable(Table(kTwoSeries), series, options), 3);
@@ -133,14 +134,14 @@ TEST(Plot, NamesAreEscaped) {
 }
 
 TEST(Plot, HopelessSeriesHaveNoPanel) {
-  std::vector<Series> series;
+  std::vector<TableSeries> series;
   std::vector<FittedSeries> fitted = FitTable(Table(kTwoSeries), series);
   fitted[0].kind = nullptr;
   EXPECT_EQ(Count(PlotText(fitted, 3), "<path class=\"series\""), 1U);
 }
 
 TEST(Plot, NeverWritesWhatIsNoNumber) {
-  std::vector<Series> series;
+  std::vector<TableSeries> series;
   const std::string svg =
       PlotText(FitTable(Table("y\n1e300\n-1e300\n1e299\n0\n1e300\n"), series), 5);
   test::ExpectWellFormed(svg);
@@ -150,7 +151,7 @@ TEST(Plot, NeverWritesWhatIsNoNumber) {
 
 // The square of the root of 5 is not quite 5.
 TEST(Plot, ConstantUnderATransformationIsDrawn) {
-  std::vector<Series> series;
+  std::vector<TableSeries> series;
   ModelRequest request;
   request.function_type = TSTransformation::kSquareRoot;
   const std::string svg = PlotText(FitTable(Table("y\n5\n5\n5\n5\n5\n"), series, {}, request), 5);

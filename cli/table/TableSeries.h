@@ -1,0 +1,17 @@
+#ifndef TSXPORT_CLI_TABLE_TABLESERIES_H_
+#define TSXPORT_CLI_TABLE_TABLESERIES_H_
+
+#include "cli/table/Series.h"
+#include "cli/table/SeriesPlaces.h"
+
+namespace tsx::cli {
+
+// A series as a table holds it: what it says, and where its cells stand.
+struct TableSeries {
+  Series series;
+  SeriesPlaces places;
+};
+
+}  // namespace tsx::cli
+
+#endif  // TSXPORT_CLI_TABLE_TABLESERIES_H_
