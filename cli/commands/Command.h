@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "cli/commands/FitCommand.h"
+#include "cli/commands/Streams.h"
 
 namespace tsx::cli {
 

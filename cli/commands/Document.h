@@ -4,11 +4,10 @@
 #include <string>
 #include <vector>
 
+#include "cli/options/DocumentFormat.h"
 #include "models/ModelChoice.h"
 
 namespace tsx::cli {
-
-enum class DocumentFormat { kTscxml, kPmml };
 
 struct DocumentOptions {
   DocumentFormat format = DocumentFormat::kTscxml;

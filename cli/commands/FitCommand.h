@@ -1,17 +1,10 @@
 #ifndef TSXPORT_CLI_COMMANDS_FITCOMMAND_H_
 #define TSXPORT_CLI_COMMANDS_FITCOMMAND_H_
 
-#include <ostream>
-
-#include "cli/options/Options.h"
+#include "cli/commands/FitOptions.h"
+#include "cli/commands/Streams.h"
 
 namespace tsx::cli {
-
-struct Streams {
-  std::ostream& out;
-  std::ostream& err;
-  bool err_is_terminal = false;
-};
 
 // Runs "tsxport fit": reads, fits, and only then writes. Returns kExitOk or kExitPartial; the
 // latter after naming the hopeless series on io.err. Throws UsageError, InputError (also when every

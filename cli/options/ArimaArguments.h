@@ -1,39 +1,29 @@
 #ifndef TSXPORT_CLI_OPTIONS_ARIMAARGUMENTS_H_
 #define TSXPORT_CLI_OPTIONS_ARIMAARGUMENTS_H_
 
-#include <CLI/CLI.hpp>
 #include <string>
 #include <vector>
 
-#include "models/ArimaRequest.h"
+#include <tsffit/Arima.h>
 
-// The part of the command line that says something of ARIMA only.
+#include "cli/options/OptionTable.h"
+
 namespace tsx::cli {
 
-// Texts as they come, before they are checked.
+// What is typed of ARIMA only; empty where nothing is. ModelMeaning.h tells what it comes to.
 struct ArimaArguments {
+  bool constant = false;
+  bool no_constant = false;
   std::string method;
   std::vector<std::string> predictors;
   std::vector<std::string> outliers;
-  bool constant = false;
-  bool no_constant = false;
   bool detect_outliers = false;
 };
 
-// What --model takes for ARIMA, for messages.
-extern const char kArimaModels[];
+OptionTable<ArimaArguments> ArimaOptions();
 
-// Lets `app` read the options into `raw`, with their help texts.
-void AddArimaOptions(CLI::App& app, ArimaArguments& raw);
-
-// Whether the text of --model asks for ARIMA, be it with orders that cannot be read.
-bool NamesArima(const std::string& model);
-
-// What such a text and the options come to. Throws UsageError.
-ArimaRequest CheckedArima(const std::string& model, const ArimaArguments& raw);
-
-// Throws UsageError when an option is given, in vain beside another model.
-void CheckWithoutArima(const std::string& model, const ArimaArguments& raw);
+// What a text of --method names. Throws UsageError.
+tsffit::ArimaMethod ParseArimaMethod(const std::string& text);
 
 }  // namespace tsx::cli
 

@@ -29,9 +29,6 @@ PredictorRequest ParsePredictor(std::string_view text);
 // TYPE@TIME
 OutlierRequest ParseOutlier(std::string_view text);
 
-// ml, ml-theta or cls
-tsffit::ArimaMethod ParseArimaMethod(const std::string& text);
-
 // The name of an outlier's type in the command's texts: "seasonal-additive".
 std::string OutlierTypeName(int type);
 

@@ -1,106 +1,13 @@
 #include "cli/options/HelpPages.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <string_view>
-#include <utility>
-#include <vector>
 
 namespace tsx::cli {
-
-const char kMainIntroduction[] =
-    "tsxport fits exponential smoothing and ARIMA models, and Croston's method for\n"
-    "intermittent demand, to time series and writes them as XML documents, with all\n"
-    "the numbers that forecasting needs to go on from.";
-
-const char kMainFooter[] =
-    R"(A first try:
-  tsxport fit airpassengers.csv                       what is in it, for people
-  tsxport fit airpassengers.csv -o model.xml          the model as a document
-  tsxport fit --help                                  all there is to choose
-
-Exit status: 0 all done, 1 an output could not be written, 2 the command line or
-the input is wrong and nothing was written, 3 some series could not be fitted.
-)";
-
-const char kFitIntroduction[] =
-    "Fits exponential smoothing, ARIMA or Croston's method to series of a CSV table.";
-
-const char kFitFooter[] =
-    R"(The table:
-  The first line names the columns. Commas or semicolons separate cells; with
-  semicolons, decimal commas go as well. Cells may stand in double quotes. Empty
-  cells and NA are missing values. The text is UTF-8.
-
-  Times are written 1949-01 (months), 1960-Q1 (quarters), 1871 (years, where all
-  of them have four digits), 1, 2, 3 (running numbers), 2020-02-29 (dates) or
-  2020-02-29 13:45 (with time; seconds and a T in between are fine). They rise
-  from row to row. The calendar is found from them: months, quarters, years,
-  weeks, days, working days, hours, minutes, seconds and steps of several of
-  these. A skipped period is a missing value, unless --gaps is given.
-
-ARIMA:
-  arima(p,d,q)(P,D,Q) has p autoregressive and q moving-average coefficients
-  after d differences; P, D and Q count seasons, which are as long as --season
-  says. Brackets list lags in place of an order: arima([1,3],1,0) has the lags 1
-  and 3, and [1,2] in the second parenthesis means one and two seasons. The
-  second parenthesis may be left out. Orders go up to 100, differences up to 5,
-  lags and delays up to 1000.
-
-  Signs are those of Box and Jenkins: 1 - phi B, 1 - theta B and, for
-  predictors, (omega0 - omega1 B) / (1 - delta1 B). So lead:delay=3,num=1,den=1
-  has omega0, omega1 and delta1, three periods late.
-
-  An additive outlier changes one value, a level outlier all from then on; a
-  transient one dies away, a seasonal-additive one comes back in every season,
-  a trend outlier grows from period to period, and an innovational one goes
-  through the model like the noise. --detect-outliers finds those that are
-  additive, level, transient and innovational.
-
-  auto-arima finds orders: of differences by tests of stationarity and of the
-  season's strength, the others by a stepwise search for the lowest AICc, which
-  is that of exact likelihood whatever the --method of the final fit.
-
-  A fit whose search did not converge is written all the same; its summary says
-  so.
-
-In the document:
-  Months, quarters, weekdays (Sunday), hours and so on count from 0; weeks and
-  days of calendars that start with them count from 0001-01-01, and running
-  numbers in steps. Series with the same calendar and first case share it.
-
-Examples:
-  tsxport fit airpassengers.csv
-      fits all kinds, prints the one with the lowest normalised BIC
-  tsxport fit airpassengers.csv --model winters-multiplicative -o air.xml
-      writes that model
-  tsxport fit airpassengers.csv --forecast 24 --plot air.svg > forecast.csv
-      two years of forecasts, as numbers and as a drawing
-  tsxport fit seatbelts.csv --variable drivers --variable kms -o cars.xml
-      two models in one document
-  tsxport fit sales.csv --id shop --time week --season 52 --jobs 8 -o shops.xml
-      one model for each shop of a long table
-  tsxport fit airpassengers.csv --model 'arima(0,1,1)(0,1,1)' --transform log
-      the airline model
-  tsxport fit seatbelts.csv --variable drivers --model 'arima(1,0,0)(1,0,0)' \
-              --transform log --predictor law --outlier level@1973-11 -o law.xml
-      with a predictor, and a level that changed for good
-  tsxport fit sales.csv --model auto-arima --detect-outliers --forecast 12
-      orders and outliers found
-  tsxport fit parts.csv --id part --model croston -o parts.xml
-      intermittent demand, where most periods are zero
-  tsxport fit airpassengers.csv --format pmml -o air.pmml
-      the model for programs that read PMML
-
-Exit status:
-  0  all done
-  1  an output could not be written, or memory ran out
-  2  the command line or the input is wrong; one line on standard error says
-     where and why, nothing was written, existing files are untouched
-  3  some series could not be fitted; they are named on standard error, and the
-     others were written
-)";
-
 namespace {
+
+using Options = std::vector<BoundOption>;
 
 constexpr std::size_t kPageWidth = 80;
 constexpr std::size_t kTextColumn = 24;
@@ -132,48 +39,69 @@ std::string Entry(const std::string& name, const std::string& text) {
   return entry;
 }
 
-std::string OptionEntry(const CLI::Option& option) {
-  const bool isPositional = option.get_positional();
-  std::string name = option.get_name(isPositional, !isPositional);
-  const std::size_t comma = name.find(',');
-  if (comma != std::string::npos) name.insert(comma + 1, " ");
-  const std::string type = option.get_type_name();
-  if (!isPositional && !type.empty()) name += " " + type;
-  return Entry(name, option.get_description());
+bool IsArgument(const OptionRow& row) { return row.shape == OptionShape::kArgument; }
+
+// "-o, --output MODEL.xml"
+std::string OptionEntry(const OptionRow& row) {
+  std::string name = row.name;
+  if (row.letter != '\0') name.insert(0, {'-', row.letter, ',', ' '});
+  if (row.value_name[0] != '\0') name += std::string(" ") + row.value_name;
+  return Entry(name, row.help);
 }
 
-std::string UsageText(const CLI::App& app) {
-  if (app.get_parent() == nullptr) return "\nUsage:\n  tsxport COMMAND [OPTIONS]\n";
-  std::string text = "\nUsage:\n  tsxport " + app.get_name() + " SERIES.csv [OPTIONS]\n\n";
-  for (const CLI::Option* option : app.get_options()) {
-    if (option->get_positional()) text += OptionEntry(*option);
+// The arguments in one line, and each with its text.
+std::string UsageText(const CommandText& command, const Options& options) {
+  std::string line = std::string("\nUsage:\n  tsxport ") + command.name;
+  std::string entries;
+  for (const BoundOption& option : options) {
+    if (!IsArgument(*option.row)) continue;
+    line += std::string(" ") + option.row->name;
+    entries += OptionEntry(*option.row);
+  }
+  return line + " [OPTIONS]\n\n" + entries;
+}
+
+std::string GroupText(const Options& options, std::string_view group) {
+  std::string text = "\n" + std::string(group) + ":\n";
+  for (const BoundOption& option : options) {
+    if (option.row->group == group && !IsArgument(*option.row)) text += OptionEntry(*option.row);
   }
   return text;
 }
 
-std::string CommandsText(const CLI::App& app) {
+// Every group of options, in the order in which they come up.
+std::string GroupTexts(const Options& options) {
+  std::vector<std::string_view> seen;
   std::string text;
-  for (const CLI::App* command : app.get_subcommands({})) {
-    text += Entry(command->get_name(), command->get_description());
+  for (const BoundOption& option : options) {
+    const std::string_view group = option.row->group;
+    if (IsArgument(*option.row) || std::find(seen.begin(), seen.end(), group) != seen.end()) {
+      continue;
+    }
+    seen.push_back(group);
+    text += GroupText(options, group);
   }
-  return text.empty() ? "" : "\nCommands:\n" + text;
+  return text;
 }
 
-std::string GroupText(const CLI::App& app, const std::string& group) {
-  std::string text;
-  for (const CLI::Option* option : app.get_options()) {
-    if (option->get_group() == group && !option->get_positional()) text += OptionEntry(*option);
-  }
-  return text.empty() ? "" : "\n" + group + ":\n" + text;
+std::string CommandsText(std::span<const CommandText> subcommands) {
+  std::string text = "\nCommands:\n";
+  for (const CommandText& one : subcommands) text += Entry(one.name, one.introduction);
+  return text;
 }
 
 }  // namespace
 
-std::string HelpFormatter::make_help(const CLI::App* app, std::string /*name*/,
-                                     CLI::AppFormatMode /*mode*/) const {
-  std::string page = app->get_description() + "\n" + UsageText(*app) + CommandsText(*app);
-  for (const std::string& group : app->get_groups()) page += GroupText(*app, group);
-  return page + "\n" + app->get_footer();
+std::string HelpPage(const CommandText& command, const Options& options) {
+  return std::string(command.introduction) + "\n" + UsageText(command, options) +
+         GroupTexts(options) + "\n" + command.footer;
+}
+
+std::string MainHelpPage(const CommandText& command, const Options& options,
+                         std::span<const CommandText> subcommands) {
+  return std::string(command.introduction) + "\n\nUsage:\n  " + command.name +
+         " COMMAND [OPTIONS]\n" + CommandsText(subcommands) + GroupTexts(options) + "\n" +
+         command.footer;
 }
 
 }  // namespace tsx::cli

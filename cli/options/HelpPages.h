@@ -1,29 +1,29 @@
 #ifndef TSXPORT_CLI_OPTIONS_HELPPAGES_H_
 #define TSXPORT_CLI_OPTIONS_HELPPAGES_H_
 
-#include <CLI/CLI.hpp>
+#include <span>
 #include <string>
+#include <vector>
 
+#include "cli/options/OptionTable.h"
+
+// Help pages in 80 columns: introduction, usage, commands, options group by group with their texts
+// wrapped on the right, footer.
 namespace tsx::cli {
 
-inline constexpr char kReadingGroup[] = "What to read";
-inline constexpr char kModelGroup[] = "Which model";
-inline constexpr char kArimaGroup[] = "ARIMA";
-inline constexpr char kWritingGroup[] = "What to write";
-inline constexpr char kRunningGroup[] = "Running";
-
-extern const char kMainIntroduction[];
-extern const char kMainFooter[];
-extern const char kFitIntroduction[];
-extern const char kFitFooter[];
-
-// Sets help pages in 80 columns: introduction, usage, commands, options group by group with their
-// texts wrapped on the right, footer.
-class HelpFormatter : public CLI::FormatterBase {
- public:
-  std::string make_help(const CLI::App* app, std::string name,
-                        CLI::AppFormatMode mode) const override;
+// What a page says beside the options. Lines are as they should stand on the page.
+struct CommandText {
+  const char* name;
+  const char* introduction;  // one sentence for a subcommand, which the main page repeats
+  const char* footer;
 };
+
+// The page of "tsxport NAME".
+std::string HelpPage(const CommandText& command, const std::vector<BoundOption>& options);
+
+// The page of the command itself, with its subcommands.
+std::string MainHelpPage(const CommandText& command, const std::vector<BoundOption>& options,
+                         std::span<const CommandText> subcommands);
 
 }  // namespace tsx::cli
 

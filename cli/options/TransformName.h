@@ -1,16 +1,17 @@
 #ifndef TSXPORT_CLI_OPTIONS_TRANSFORMNAME_H_
 #define TSXPORT_CLI_OPTIONS_TRANSFORMNAME_H_
 
-#include <optional>
-#include <string_view>
+#include <tsfcore/TSTransformation.h>
+
+#include "cli/options/NamedValue.h"
 
 namespace tsx::cli {
 
-// The names of transformations on the command line, of a series and of a predictor alike.
-inline constexpr char kTransformNames[] = "none, log, sqrt";
-
-// Its TSTransformation::FunctionType; empty for any other name.
-std::optional<int> TransformByName(std::string_view name);
+// The transformations on the command line, of a series and of a predictor alike, as
+// TSTransformation::FunctionType.
+inline constexpr NamedValue<int> kTransforms[] = {{"none", TSTransformation::kNone},
+                                                  {"log", TSTransformation::kLogarithm},
+                                                  {"sqrt", TSTransformation::kSquareRoot}};
 
 }  // namespace tsx::cli
 

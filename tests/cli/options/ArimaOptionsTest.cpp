@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "cli/options/ArimaArguments.h"
 #include "cli/options/ArimaOptions.h"
 #include "support/Tables.h"
 

@@ -2,20 +2,30 @@
 
 #include <tsfcore/ESModelSpec.h>
 
+#include "CommandRun.h"
+#include "cli/commands/FitOptions.h"
 #include "cli/options/ArimaOptions.h"
-#include "cli/options/Options.h"
+#include "cli/options/Parser.h"
 #include "support/Tables.h"
 
 namespace tsx::cli {
 namespace {
 
 using test::ErrorOf;
+using test::PageOf;
+using test::UsageErrorOf;
 using Arguments = std::vector<std::string>;
 
+// What a command line that begins with "fit" asks for.
+FitOptions FitOf(const Arguments& arguments) {
+  FitArguments typed;
+  Parse({"tsxport", {}}, {{"fit", BoundOptions(typed)}}, arguments);
+  return MeaningOf(typed);
+}
 // The options of "tsxport fit a.csv ...".
 FitOptions Fit(Arguments arguments) {
   arguments.insert(arguments.begin(), {"fit", "a.csv"});
-  return *ParseCommandLine(arguments).fit;
+  return FitOf(arguments);
 }
 std::string FitError(const Arguments& arguments) {
   return ErrorOf([&] { Fit(arguments); });
@@ -119,9 +129,8 @@ TEST(Options, AutoArimaLeavesTheOrdersOpen) {
 }
 
 TEST(Options, PredictorDoesNotSwallowTheFile) {
-  const auto invocation =
-      ParseCommandLine({"fit", "--model", "arima(0,1,1)", "--predictor", "x", "a.csv"});
-  EXPECT_EQ(invocation.fit->input, "a.csv");
+  const FitOptions options = FitOf({"fit", "--model", "arima(0,1,1)", "--predictor", "x", "a.csv"});
+  EXPECT_EQ(options.input, "a.csv");
 }
 
 TEST(Options, PmmlHasNoPlaceForArima) {
@@ -151,9 +160,9 @@ TEST(Options, PmmlHasNoPlaceForCrostonOrATransformation) {
 }
 
 TEST(Options, VariableDoesNotSwallowTheFile) {
-  const auto invocation = ParseCommandLine({"fit", "--variable", "x", "a.csv"});
-  EXPECT_EQ(invocation.fit->input, "a.csv");
-  EXPECT_EQ(invocation.fit->columns.variables, Arguments{"x"});
+  const FitOptions options = FitOf({"fit", "--variable", "x", "a.csv"});
+  EXPECT_EQ(options.input, "a.csv");
+  EXPECT_EQ(options.columns.variables, Arguments{"x"});
 }
 
 TEST(Options, NumbersAreDecimal) { EXPECT_EQ(Fit({"--season", "012"}).model.season_length, 12U); }
@@ -175,7 +184,7 @@ TEST(OptionsError, EmptyValuesAreNoValues) {
     EXPECT_EQ(FitError({option, ""}), std::string(option) + ": the value is empty");
   }
   EXPECT_EQ(FitError({"-o", ""}), "--output: the value is empty");
-  EXPECT_EQ(ErrorOf([] { ParseCommandLine({"fit", ""}); }), "SERIES.csv: the value is empty");
+  EXPECT_EQ(UsageErrorOf({"fit", ""}), "SERIES.csv: the value is empty");
 }
 
 TEST(Options, DescriptorMayBeEmpty) { EXPECT_EQ(Fit({"--descriptor", ""}).descriptor, ""); }
@@ -197,17 +206,14 @@ TEST(OptionsError, EveryErrorIsOneLine) {
        {Arguments{}, Arguments{"--bad"}, Arguments{"fit"}, Arguments{"fit", "a", "--season"},
         Arguments{"guess"}, Arguments{"fit", "a", "--name", "x", "--name", "y"},
         Arguments{"fit", "a", "--model", "x\ny"}, Arguments{"fit", "a\n", "--no\nsuch"}}) {
-    const std::string error = ErrorOf([&] { ParseCommandLine(arguments); });
+    const std::string error = UsageErrorOf(arguments);
     EXPECT_NE(error, "no error");
     EXPECT_EQ(error.find('\n'), std::string::npos) << error;
   }
 }
 
 TEST(OptionsError, UnknownCommandIsNamed) {
-  EXPECT_EQ(ErrorOf([] {
-              ParseCommandLine({"guess", "a.csv"});
-            }),
-            "there is no command 'guess'; see tsxport --help");
+  EXPECT_EQ(UsageErrorOf({"guess", "a.csv"}), "there is no command 'guess'; see tsxport --help");
 }
 
 TEST(OptionsError, ControlCharactersInNames) {
@@ -251,7 +257,7 @@ TEST(OptionsError, SeasonalPartOfArimaWithoutASeason) {
 }
 
 TEST(HelpPages, FitsTheTerminalAndNamesEveryOption) {
-  const std::string page = ParseCommandLine({"fit", "--help"}).page;
+  const std::string page = PageOf({"fit", "--help"});
   for (const char* option : {"SERIES.csv",       "--model",          "--season",
                              "--transform",      "--variable",       "--id",
                              "--time",           "--name",           "--descriptor",
@@ -273,7 +279,7 @@ TEST(HelpPages, FitsTheTerminalAndNamesEveryOption) {
 }
 
 TEST(HelpPages, NamesTheValuesOfEveryChoice) {
-  const std::string page = ParseCommandLine({"fit", "--help"}).page;
+  const std::string page = PageOf({"fit", "--help"});
   for (
       const char* value :
       {" simple,",   " brown,",       " holt,",     " damped-trend,",   " simple-seasonal,",
@@ -289,7 +295,7 @@ TEST(HelpPages, NamesTheValuesOfEveryChoice) {
 // The page of "tsxport fit" without its line ends.
 std::string HelpWords() {
   std::string words;
-  for (const char c : ParseCommandLine({"fit", "--help"}).page) {
+  for (const char c : PageOf({"fit", "--help"})) {
     if (c == '\n')
       words += ' ';
     else if (c != ' ' || words.back() != ' ')
@@ -311,11 +317,11 @@ TEST(HelpPages, FirstCaseDayTellsThatReadersRejectTheDocument) {
 }
 
 TEST(HelpPages, MainPageNamesTheCommand) {
-  EXPECT_NE(ParseCommandLine({"--help"}).page.find("fit "), std::string::npos);
+  EXPECT_NE(PageOf({"--help"}).find("fit "), std::string::npos);
 }
 
 TEST(HelpPages, VersionNamesLibraryAndCore) {
-  const std::string page = ParseCommandLine({"--version"}).page;
+  const std::string page = PageOf({"--version"});
   EXPECT_NE(page.find("libtsxport"), std::string::npos);
   EXPECT_NE(page.find("libtsfcore"), std::string::npos);
 }

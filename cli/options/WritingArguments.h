@@ -1,0 +1,27 @@
+#ifndef TSXPORT_CLI_OPTIONS_WRITINGARGUMENTS_H_
+#define TSXPORT_CLI_OPTIONS_WRITINGARGUMENTS_H_
+
+#include <string>
+
+#include "cli/options/OptionTable.h"
+
+namespace tsx::cli {
+
+inline constexpr unsigned kLongestForecast = 10'000;
+
+// What is typed of documents, forecasts and plots; empty where nothing is.
+struct WritingArguments {
+  std::string output;  // "-": standard output
+  std::string format = "tscxml";
+  std::string name;
+  std::string descriptor;
+  std::string forecast;
+  std::string plot;
+  bool first_case_day = false;
+};
+
+OptionTable<WritingArguments> WritingOptions();
+
+}  // namespace tsx::cli
+
+#endif  // TSXPORT_CLI_OPTIONS_WRITINGARGUMENTS_H_
