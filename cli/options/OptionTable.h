@@ -5,7 +5,6 @@
 #include <cstddef>
 #include <span>
 #include <string>
-#include <string_view>
 #include <type_traits>
 #include <variant>
 #include <vector>
@@ -70,10 +69,11 @@ const OptionRow* FirstGiven(OptionTable<Arguments> table, const Arguments& given
   const auto isGiven = [&](const OptionEntry<Arguments>& entry) {
     return std::visit(
         [&](auto member) {
-          if constexpr (std::is_same_v<decltype(member), std::monostate>)
+          if constexpr (std::is_same_v<decltype(member), std::monostate>) {
             return false;
-          else
+          } else {
             return given.*member != untyped.*member;
+          }
         },
         entry.member);
   };
@@ -81,26 +81,30 @@ const OptionRow* FirstGiven(OptionTable<Arguments> table, const Arguments& given
   return found == table.end() ? nullptr : &found->row;
 }
 
-// Whether the row says what its shape needs, and goes to a member of the type that takes it.
+// Whether a row says what its shape needs, and checks nothing or its value in one way.
+constexpr bool IsSound(const OptionRow& row) {
+  const auto says = [](const char* text) { return *text != '\0'; };
+  const bool isArgument = row.shape == OptionShape::kArgument;
+  const bool takesValue = row.shape == OptionShape::kValue || row.shape == OptionShape::kRepeated;
+  const bool hasDashes = row.name[0] == '-' && row.name[1] == '-';
+  const int checks = int{row.choices != nullptr} + int{row.most != 0} + int{row.clean};
+  return says(row.name) && says(row.help) && hasDashes != isArgument &&
+         says(row.group) != isArgument && says(row.value_name) == takesValue &&
+         checks <= int{takesValue};
+}
+
+// Whether the row is sound and goes to a member of the type that takes it.
 template <typename Arguments>
 constexpr bool IsSound(const OptionEntry<Arguments>& entry) {
-  using Shape = OptionShape;
-  constexpr std::size_t kMemberOfShape[] = {2, 2, 3, 1, 0, 0};
-  const OptionRow& row = entry.row;
-  const bool isArgument = row.shape == Shape::kArgument;
-  const bool takesValue = row.shape == Shape::kValue || row.shape == Shape::kRepeated;
-  const int checks =
-      (row.choices != nullptr ? 1 : 0) + (row.most != 0 ? 1 : 0) + (row.clean ? 1 : 0);
-  return entry.member.index() == kMemberOfShape[static_cast<std::size_t>(row.shape)] &&
-         std::string_view(row.name).starts_with("--") != isArgument &&
-         std::string_view(row.value_name).empty() != takesValue &&
-         std::string_view(row.group).empty() == isArgument && !std::string_view(row.help).empty() &&
-         checks <= (takesValue ? 1 : 0);
+  constexpr std::size_t kMemberOfShape[] = {2, 2, 3, 1, 0, 0};  // by OptionShape
+  return IsSound(entry.row) &&
+         entry.member.index() == kMemberOfShape[static_cast<std::size_t>(entry.row.shape)];
 }
 
 template <typename Arguments>
 constexpr bool AreSound(OptionTable<Arguments> table) {
-  return std::all_of(table.begin(), table.end(), IsSound<Arguments>);
+  return std::all_of(table.begin(), table.end(),
+                     [](const OptionEntry<Arguments>& entry) { return IsSound(entry); });
 }
 
 }  // namespace tsx::cli

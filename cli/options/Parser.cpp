@@ -86,6 +86,7 @@ ParsedLine Parse(const CommandSyntax& command, const std::vector<CommandSyntax>&
   app.require_subcommand(1);
   AddOptions(app, command);
   std::vector<App> parsers;
+  parsers.reserve(subcommands.size());
   for (const CommandSyntax& one : subcommands) {
     parsers.push_back(AddOptions(*app.add_subcommand(one.name, ""), one));
   }

@@ -296,10 +296,11 @@ TEST(HelpPages, NamesTheValuesOfEveryChoice) {
 std::string HelpWords() {
   std::string words;
   for (const char c : PageOf({"fit", "--help"})) {
-    if (c == '\n')
+    if (c == '\n') {
       words += ' ';
-    else if (c != ' ' || words.back() != ' ')
+    } else if (c != ' ' || words.back() != ' ') {
       words += c;
+    }
   }
   return words;
 }
