@@ -8,9 +8,9 @@
 #include <tsffit/Croston.h>
 #include <tsffit/Smoothing.h>
 
-#include "models/ArimaFault.h"
-#include "models/ArimaFitting.h"
-#include "models/ArimaSpec.h"
+#include "models/arima/ArimaFault.h"
+#include "models/arima/ArimaFitting.h"
+#include "models/arima/ArimaSpec.h"
 #include "text/Text.h"
 
 namespace tsx::cli {

@@ -12,8 +12,8 @@
 
 #include "cli/Errors.h"
 #include "cli/table/TableSeries.h"
-#include "models/ArimaRequest.h"
 #include "models/Kinds.h"
+#include "models/arima/ArimaRequest.h"
 
 // Which model a series gets.
 namespace tsx::cli {

@@ -6,7 +6,7 @@
 #include <tsfcore/ESForecastState.h>
 #include <tsfcore/MV.h>
 
-#include "models/ArimaFitting.h"
+#include "models/arima/ArimaFitting.h"
 #include "report/ArimaSummary.h"
 #include "text/Text.h"
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "models/ArimaRequest.h"
+#include "models/arima/ArimaRequest.h"
 
 // The texts of the options of ARIMA models. What cannot be read ends in UsageError, which names the
 // option and the cause. Blanks between the parts of a text do not count.

@@ -5,8 +5,8 @@
 
 #include "cli/options/ArimaOptions.h"
 #include "cli/table/SeriesReader.h"
-#include "models/ArimaFault.h"
-#include "models/ArimaSpec.h"
+#include "models/arima/ArimaFault.h"
+#include "models/arima/ArimaSpec.h"
 #include "support/Tables.h"
 
 namespace tsx::cli {

@@ -1,4 +1,4 @@
-#include "models/ArimaFitting.h"
+#include "models/arima/ArimaFitting.h"
 
 #include <algorithm>
 
@@ -6,7 +6,7 @@
 #include <tsffit/AutoArima.h>
 #include <tsffit/Outliers.h>
 
-#include "models/ArimaSpec.h"
+#include "models/arima/ArimaSpec.h"
 
 namespace tsx::cli {
 namespace {

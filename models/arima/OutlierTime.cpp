@@ -1,4 +1,4 @@
-#include "models/OutlierTime.h"
+#include "models/arima/OutlierTime.h"
 
 #include <algorithm>
 

@@ -1,5 +1,5 @@
-#ifndef TSXPORT_MODELS_ARIMAREQUEST_H_
-#define TSXPORT_MODELS_ARIMAREQUEST_H_
+#ifndef TSXPORT_MODELS_ARIMA_ARIMAREQUEST_H_
+#define TSXPORT_MODELS_ARIMA_ARIMAREQUEST_H_
 
 #include <cstdint>
 #include <optional>
@@ -62,4 +62,4 @@ std::string SeasonalPart(const ArimaRequest& request);
 
 }  // namespace tsx::cli
 
-#endif  // TSXPORT_MODELS_ARIMAREQUEST_H_
+#endif  // TSXPORT_MODELS_ARIMA_ARIMAREQUEST_H_

@@ -1,11 +1,11 @@
-#include "models/ArimaFault.h"
+#include "models/arima/ArimaFault.h"
 
 #include <algorithm>
 #include <cstdint>
 
 #include <tsfcore/MV.h>
 
-#include "models/OutlierTime.h"
+#include "models/arima/OutlierTime.h"
 #include "text/Text.h"
 
 namespace tsx::cli {

@@ -1,5 +1,5 @@
-#ifndef TSXPORT_MODELS_ARIMASPEC_H_
-#define TSXPORT_MODELS_ARIMASPEC_H_
+#ifndef TSXPORT_MODELS_ARIMA_ARIMASPEC_H_
+#define TSXPORT_MODELS_ARIMA_ARIMASPEC_H_
 
 #include <string>
 #include <vector>
@@ -7,7 +7,7 @@
 #include <tsfcore/AMModelSpec.h>
 
 #include "cli/table/Series.h"
-#include "models/ArimaRequest.h"
+#include "models/arima/ArimaRequest.h"
 
 // From an ARIMA request and its series to the specification of a model.
 namespace tsx::cli {
@@ -30,4 +30,4 @@ std::vector<std::vector<double>> FutureValues(const Series& series, unsigned hor
 
 }  // namespace tsx::cli
 
-#endif  // TSXPORT_MODELS_ARIMASPEC_H_
+#endif  // TSXPORT_MODELS_ARIMA_ARIMASPEC_H_

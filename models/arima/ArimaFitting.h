@@ -1,12 +1,12 @@
-#ifndef TSXPORT_MODELS_ARIMAFITTING_H_
-#define TSXPORT_MODELS_ARIMAFITTING_H_
+#ifndef TSXPORT_MODELS_ARIMA_ARIMAFITTING_H_
+#define TSXPORT_MODELS_ARIMA_ARIMAFITTING_H_
 
 #include <tsfcore/ARMAForecastState.h>
 #include <tsfcore/TSFModel.h>
 #include <tsffit/Arima.h>
 
 #include "cli/table/Series.h"
-#include "models/ArimaRequest.h"
+#include "models/arima/ArimaRequest.h"
 
 namespace tsx::cli {
 
@@ -26,4 +26,4 @@ const ARMAForecastState& ArimaStateOf(const TSFModel& model);
 
 }  // namespace tsx::cli
 
-#endif  // TSXPORT_MODELS_ARIMAFITTING_H_
+#endif  // TSXPORT_MODELS_ARIMA_ARIMAFITTING_H_

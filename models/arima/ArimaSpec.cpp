@@ -1,10 +1,10 @@
-#include "models/ArimaSpec.h"
+#include "models/arima/ArimaSpec.h"
 
 #include <algorithm>
 #include <limits>
 #include <utility>
 
-#include "models/OutlierTime.h"
+#include "models/arima/OutlierTime.h"
 #include "text/Text.h"
 
 namespace tsx::cli {

@@ -1,10 +1,10 @@
-#ifndef TSXPORT_MODELS_ARIMAFAULT_H_
-#define TSXPORT_MODELS_ARIMAFAULT_H_
+#ifndef TSXPORT_MODELS_ARIMA_ARIMAFAULT_H_
+#define TSXPORT_MODELS_ARIMA_ARIMAFAULT_H_
 
 #include <string>
 
 #include "cli/table/TableSeries.h"
-#include "models/ArimaRequest.h"
+#include "models/arima/ArimaRequest.h"
 
 namespace tsx::cli {
 
@@ -22,4 +22,4 @@ ArimaFault FindArimaFault(const ArimaRequest& request, const TableSeries& read,
 
 }  // namespace tsx::cli
 
-#endif  // TSXPORT_MODELS_ARIMAFAULT_H_
+#endif  // TSXPORT_MODELS_ARIMA_ARIMAFAULT_H_

@@ -1,4 +1,4 @@
-#include "models/ArimaRequest.h"
+#include "models/arima/ArimaRequest.h"
 
 #include "text/Text.h"
 

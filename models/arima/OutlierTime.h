@@ -1,11 +1,11 @@
-#ifndef TSXPORT_MODELS_OUTLIERTIME_H_
-#define TSXPORT_MODELS_OUTLIERTIME_H_
+#ifndef TSXPORT_MODELS_ARIMA_OUTLIERTIME_H_
+#define TSXPORT_MODELS_ARIMA_OUTLIERTIME_H_
 
 #include <cstddef>
 #include <optional>
 
 #include "cli/table/Series.h"
-#include "models/ArimaRequest.h"
+#include "models/arima/ArimaRequest.h"
 
 namespace tsx::cli {
 
@@ -17,4 +17,4 @@ std::optional<std::size_t> IndexOfOutlier(const Series& series, const OutlierReq
 
 }  // namespace tsx::cli
 
-#endif  // TSXPORT_MODELS_OUTLIERTIME_H_
+#endif  // TSXPORT_MODELS_ARIMA_OUTLIERTIME_H_
