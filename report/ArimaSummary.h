@@ -6,7 +6,7 @@
 
 #include <tsfcore/ARMAForecastState.h>
 
-#include "cli/table/Series.h"
+#include "models/Series.h"
 
 // What a fitted ARIMA model looks like to people, in texts of one line each.
 namespace tsx::cli {

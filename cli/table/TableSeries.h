@@ -1,8 +1,8 @@
 #ifndef TSXPORT_CLI_TABLE_TABLESERIES_H_
 #define TSXPORT_CLI_TABLE_TABLESERIES_H_
 
-#include "cli/table/Series.h"
 #include "cli/table/SeriesPlaces.h"
+#include "models/Series.h"
 
 namespace tsx::cli {
 

@@ -5,7 +5,7 @@
 #include <tsfcore/TSFModel.h>
 #include <tsffit/Arima.h>
 
-#include "cli/table/Series.h"
+#include "models/Series.h"
 #include "models/arima/ArimaRequest.h"
 
 namespace tsx::cli {

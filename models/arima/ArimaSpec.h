@@ -6,7 +6,7 @@
 
 #include <tsfcore/AMModelSpec.h>
 
-#include "cli/table/Series.h"
+#include "models/Series.h"
 #include "models/arima/ArimaRequest.h"
 
 // From an ARIMA request and its series to the specification of a model.

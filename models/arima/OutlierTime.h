@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <optional>
 
-#include "cli/table/Series.h"
+#include "models/Series.h"
 #include "models/arima/ArimaRequest.h"
 
 namespace tsx::cli {

@@ -1,5 +1,5 @@
-#ifndef TSXPORT_CLI_TABLE_SERIES_H_
-#define TSXPORT_CLI_TABLE_SERIES_H_
+#ifndef TSXPORT_MODELS_SERIES_H_
+#define TSXPORT_MODELS_SERIES_H_
 
 #include <cstddef>
 #include <memory>
@@ -32,4 +32,4 @@ inline bool HasGaps(const Series& series) { return series.cases.size() < series.
 
 }  // namespace tsx::cli
 
-#endif  // TSXPORT_CLI_TABLE_SERIES_H_
+#endif  // TSXPORT_MODELS_SERIES_H_
