@@ -3,266 +3,142 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 #include <tsfcore/MV.h>
-#include <tsffit/Croston.h>
-#include <tsffit/Smoothing.h>
 
-#include "models/arima/ArimaFault.h"
-#include "models/arima/ArimaFitting.h"
-#include "models/arima/ArimaSpec.h"
-#include "text/Text.h"
+#include "models/Classes.h"
 
-namespace tsx::cli {
+namespace tsx::models {
 namespace {
 
 // The normalised BIC for ranking. It is the logarithm of the MSE at heart, so a perfect fit leaves
 // it undefined and ranks first.
-double RankingBic(const TSFModel& model) {
-  const double bic = model.GetGOFStat("NRMBIC");
+double RankingBic(const EstimationInfo& info) {
+  const double bic = info.GetGOFStat(BFSharedConst::kNormBayesIC);
   if (bic != MV::gMissingValue && std::isfinite(bic)) return bic;
-  const bool perfect = model.GetGOFStat("MSE") == 0;
+  const bool perfect = info.GetGOFStat(BFSharedConst::kMeanSqrErr) == 0;
   const double infinity = std::numeric_limits<double>::infinity();
   return perfect ? -infinity : infinity;
 }
 
-// Fills in why the core refused the series.
-template <typename Fit>
-void Explain(Candidate& candidate, const FittedSeries& fitted, const Fit& fit) {
-  const bool blamesValue =
-      fit.status == tsffit::FitStatus::kNotPositive || fit.status == tsffit::FitStatus::kNegative;
-  const std::size_t blamed = blamesValue ? fit.bad_case : 0;
-  candidate.refused_at = fitted.places->values[blamed];
-  candidate.refusal =
-      (blamesValue ? text::NumberText(fitted.series->values[blamed]) + ": " : "") + fit.message;
+// Why seasons cannot go with the series, whatever its values.
+Fault FindSeasonFault(const std::string& part, const Task& task) {
+  const HostWords& words = *task.request.words;
+  if (part.empty()) return {};
+  if (task.season_length < 2) {
+    return {part + " needs a season, and " + task.series.axis->name + " times have none; " +
+                words.give_season,
+            AtValue(0)};
+  }
+  if (HasGaps(task.series)) {
+    return {part + " has seasons, which gaps would shift; " + words.leave_gaps_out +
+                " or choose a model without",
+            AtValue(0)};
+  }
+  return {};
 }
 
-// Fits one kind. A better fit than the one held so far replaces it.
-void Try(const KindInfo& kind, const ModelRequest& request, FittedSeries& fitted, double& best) {
-  Candidate candidate;
-  candidate.kind = &kind;
-  tsffit::SmoothingOptions options;
-  options.kind = kind.kind;
-  options.season_length = kind.seasonal ? fitted.season_length : 1;
-  options.function_type = request.function_type;
-  const tsffit::SmoothingFit fit = tsffit::FitSmoothing(fitted.series->values, options);
-  candidate.fitted = fit.status == tsffit::FitStatus::kOk;
+Fault FindFaultOf(const KindInfo& kind, const Task& task) {
+  const ModelClass& its = ClassOf(kind);
+  if (Fault fault = FindSeasonFault(its.SeasonalPart(kind, task.request), task)) return fault;
+  return its.FindFault(task);
+}
+
+// Fits one kind and keeps its model in place of any other.
+void Take(const KindInfo& kind, const Task& task, SeriesFit& fit) {
+  Fitting fitting = ClassOf(kind).Fit(kind, task);
+  fit.candidates.push_back({&kind, fitting.model != nullptr, fitting.fault});
+  if (fitting.model == nullptr) return;
+  fit.kind = &kind;
+  fit.model = std::move(fitting.model);
+  if (LeavesChoice(task.request) && fitting.search) {
+    fit.choice = {.reason = Choice::Reason::kSearched, .search = *fitting.search};
+  }
+}
+
+// Fits one kind, and keeps its model where it is better than those before.
+void Try(const KindInfo& kind, const Task& task, SeriesFit& fit, double& best) {
+  Fitting fitting = ClassOf(kind).Fit(kind, task);
+  Candidate candidate = {&kind, fitting.model != nullptr, fitting.fault};
   if (candidate.fitted) {
-    candidate.bic = RankingBic(fit.model);
-    if (fitted.kind == nullptr || candidate.bic < best) {
+    candidate.bic = RankingBic(fitting.model->Estimation());
+    if (fit.model == nullptr || candidate.bic < best) {
       best = candidate.bic;
-      fitted.kind = &kind;
-      fitted.model = fit.model;
+      fit.kind = &kind;
+      fit.model = std::move(fitting.model);
     }
-  } else {
-    Explain(candidate, fitted, fit);
   }
-  fitted.candidates.push_back(candidate);
+  fit.candidates.push_back(std::move(candidate));
 }
 
-void TryCroston(const ModelRequest& request, FittedSeries& fitted) {
-  Candidate candidate;
-  candidate.kind = &CrostonKind();
-  tsffit::CrostonOptions options;
-  options.function_type = request.function_type;
-  const tsffit::CrostonFit fit = tsffit::FitCroston(fitted.series->values, options);
-  candidate.fitted = fit.status == tsffit::FitStatus::kOk;
-  if (candidate.fitted) {
-    fitted.kind = candidate.kind;
-    fitted.croston = fit.model;
-  } else {
-    Explain(candidate, fitted, fit);
-  }
-  fitted.candidates.push_back(candidate);
-}
-
-// Fills in which value of the series or of a predictor the core refused, if it was one.
-void ExplainArima(Candidate& candidate, const FittedSeries& fitted, const tsffit::ArimaFit& fit) {
-  const Series& series = *fitted.series;
-  const SeriesPlaces& places = *fitted.places;
-  using tsffit::FitStatus;
-  candidate.refusal = fit.message;
-  candidate.refused_at = places.values.front();
-  const bool blamesValue = fit.status == FitStatus::kNotPositive ||
-                           fit.status == FitStatus::kNegative ||
-                           fit.status == FitStatus::kNotFinite || fit.status == FitStatus::kMissing;
-  if (!blamesValue) return;
-  const PredictorColumn* const predictor =
-      fit.bad_predictor < 0 ? nullptr
-                            : &series.predictors[static_cast<std::size_t>(fit.bad_predictor)];
-  const double value = (predictor != nullptr ? predictor->values : series.values)[fit.bad_case];
-  candidate.refused_at = PlaceOfCase(
-      predictor != nullptr ? places.predictors[static_cast<std::size_t>(fit.bad_predictor)].values
-                           : places.values,
-      fit.bad_case);
-  candidate.refusal =
-      (predictor != nullptr ? "predictor " + text::Quoted(predictor->name) + ", " : std::string()) +
-      (value != MV::gMissingValue
-           ? text::NumberText(value)
-           : series.axis->CaseText(series.cases[fit.bad_case]) + " is missing") +
-      ": " + fit.message;
-}
-
-void TryArima(const ModelRequest& request, FittedSeries& fitted) {
-  Candidate candidate;
-  candidate.kind = &ArimaKind();
-  const ArimaOutcome outcome =
-      FitArimaSeries(request.arima, *fitted.series, fitted.season_length, request.function_type);
-  candidate.fitted = outcome.fit.status == tsffit::FitStatus::kOk;
-  if (candidate.fitted) {
-    fitted.kind = candidate.kind;
-    fitted.model = outcome.fit.model;
-    fitted.arima = {.converged = outcome.fit.summary.converged,
-                    .models_tried = outcome.models_tried,
-                    .aicc = outcome.aicc,
-                    .outliers_sought = request.arima.detect_outliers};
-  } else {
-    ExplainArima(candidate, fitted, outcome.fit);
-  }
-  fitted.candidates.push_back(candidate);
-}
-
-// Why the kind cannot go with the series, whatever its values; empty when it can.
-std::string Misfit(const KindInfo& kind, const FittedSeries& fitted) {
-  if (!kind.seasonal) return "";
-  if (fitted.season_length < 2) {
-    return std::string(kind.option) + " needs a season, and " + fitted.series->axis->name +
-           " times have none; give its length with --season";
-  }
-  if (HasGaps(*fitted.series)) {
-    return std::string(kind.option) +
-           " has seasons, which gaps would shift; leave --gaps out or choose a model without";
-  }
-  return "";
-}
-
-bool IsOpenToChoice(const KindInfo& kind, const FittedSeries& fitted, const ModelRequest& request) {
-  const bool transformed = request.function_type != TSTransformation::kNone;
-  return Misfit(kind, fitted).empty() && !(kind.multiplicative && transformed);
-}
-
-void TrySmoothing(const ModelRequest& request, FittedSeries& fitted) {
+void Compare(const Task& task, SeriesFit& fit) {
   double best = 0;
-  for (const KindInfo& kind : SmoothingKinds()) {
-    const bool wanted =
-        request.kind != nullptr ? &kind == request.kind : IsOpenToChoice(kind, fitted, request);
-    if (wanted) Try(kind, request, fitted, best);
+  for (const ModelClass* one : Classes()) {
+    for (const KindInfo& kind : one->Kinds()) {
+      const bool open = one->IsCompared(kind, task.request) && !FindFaultOf(kind, task);
+      if (open) Try(kind, task, fit, best);
+    }
   }
+  if (fit.model != nullptr) fit.choice = ChoiceAmong(fit.candidates);
 }
 
-// Why the request cannot go with the series, and where; empty when it can.
-ArimaFault FindFault(const TableSeries& read, const ModelRequest& request,
-                     const FittedSeries& fitted) {
-  const std::string fault = read.series.axis->Fault();
-  const text::Place first = read.places.values.front();
-  if (!fault.empty() || request.kind == nullptr) return {fault, first};
-  if (request.kind != &ArimaKind()) return {Misfit(*request.kind, fitted), first};
-  return FindArimaFault(request.arima, read, fitted.season_length, request.horizon);
+void Choose(const Task& task, SeriesFit& fit) {
+  const std::optional<Claim> claim = FindClaim(task.series);
+  if (!claim) return Compare(task, fit);
+  Take(*claim->kind, task, fit);
+  fit.choice = {.reason = Choice::Reason::kClaimed, .claim = *claim};
 }
 
-void TryAll(const ModelRequest& request, FittedSeries& fitted) {
-  if (request.kind == &ArimaKind()) return TryArima(request, fitted);
-  const bool croston = request.kind != nullptr ? request.kind == &CrostonKind()
-                                               : CountZeros(*fitted.series).intermittent;
-  croston ? TryCroston(request, fitted) : TrySmoothing(request, fitted);
+bool IsPerfect(const Candidate& candidate) {
+  return candidate.bic == -std::numeric_limits<double>::infinity();
+}
+
+// Those that were fitted, the best first.
+std::vector<Candidate> Ranked(std::vector<Candidate> candidates) {
+  std::erase_if(candidates, [](const Candidate& candidate) { return !candidate.fitted; });
+  std::stable_sort(candidates.begin(), candidates.end(),
+                   [](const Candidate& a, const Candidate& b) { return a.bic < b.bic; });
+  return candidates;
 }
 
 }  // namespace
 
-bool LeavesChoice(const ModelRequest& request) {
-  return request.kind == nullptr || request.arima.automatic;
+Fault FindFault(const Task& task) {
+  const KindInfo* const kind = task.request.kind;
+  if (Fault fault = {task.series.axis->Fault(), AtValue(0)}) return fault;
+  return kind != nullptr ? FindFaultOf(*kind, task) : Fault{};
 }
 
-ZeroCount CountZeros(const Series& series) {
-  constexpr double kLeastShare = 0.3;
-  ZeroCount count;
-  bool negative = false;
-  for (const double value : series.values) {
-    if (value == MV::gMissingValue) continue;
-    ++count.cases;
-    count.zeros += value == 0 ? 1 : 0;
-    negative = negative || value < 0;
-  }
-  const bool often =
-      static_cast<double>(count.zeros) >= kLeastShare * static_cast<double>(count.cases);
-  count.intermittent = often && !negative && count.zeros < count.cases;
-  return count;
+SeriesFit FitSeries(const Series& series, const ModelRequest& request) {
+  SeriesFit fit;
+  fit.series = &series;
+  fit.season_length = request.season_length != 0 ? request.season_length
+                                                 : std::max(series.axis->SeasonLength(), 1U);
+  const Task task = {series, request, fit.season_length};
+  fit.fault = FindFault(task);
+  if (fit.fault) return fit;
+
+  request.kind != nullptr ? Take(*request.kind, task, fit) : Choose(task, fit);
+  if (IsHopeless(fit)) fit.fault = fit.candidates.front().refusal;
+  return fit;
 }
 
-std::string ZerosText(const ZeroCount& count) {
-  return std::to_string(count.zeros) + " of " + std::to_string(count.cases) +
-         " cases are zero and none is negative";
+Choice ChoiceAmong(const std::vector<Candidate>& candidates) {
+  const std::vector<Candidate> ranked = Ranked(candidates);
+  Choice choice;
+  choice.kinds = ranked.size();
+  choice.bic = ranked[0].bic;
+  choice.reason = Choice::Reason::kAlone;
+  if (ranked.size() == 1) return choice;
+
+  choice.reason = Choice::Reason::kLowestCriterion;
+  choice.next = ranked[1].kind;
+  choice.next_bic = ranked[1].bic;
+  if (!IsPerfect(ranked[0])) return choice;
+  choice.reason = Choice::Reason::kPerfect;
+  choice.kinds = static_cast<std::size_t>(std::count_if(ranked.begin(), ranked.end(), IsPerfect));
+  return choice;
 }
 
-FittedSeries FitSeries(const TableSeries& read, const ModelRequest& request) {
-  FittedSeries fitted;
-  fitted.series = &read.series;
-  fitted.places = &read.places;
-  const DateAxis& axis = *read.series.axis;
-  fitted.season_length =
-      request.season_length != 0 ? request.season_length : std::max(axis.SeasonLength(), 1U);
-  const ArimaFault fault = FindFault(read, request, fitted);
-  fitted.fault_place = fault.place;
-  fitted.fault = fault.cause;
-  if (!fitted.fault.empty()) return fitted;
-
-  TryAll(request, fitted);
-  if (fitted.kind == nullptr) {
-    fitted.fault = fitted.candidates.front().refusal;
-    fitted.fault_place = fitted.candidates.front().refused_at;
-  }
-  return fitted;
-}
-
-std::string ReasonForChoice(const FittedSeries& fitted) {
-  if (fitted.kind == &CrostonKind()) {
-    return "intermittent demand: " + ZerosText(CountZeros(*fitted.series)) +
-           "; not compared with smoothing";
-  }
-  if (fitted.kind == &ArimaKind()) {
-    return "lowest AICc of " + std::to_string(fitted.arima.models_tried) + " models, " +
-           text::FixedText(fitted.arima.aicc, 3);
-  }
-  std::vector<const Candidate*> ranked;
-  for (const Candidate& candidate : fitted.candidates) {
-    if (candidate.fitted) ranked.push_back(&candidate);
-  }
-  std::stable_sort(ranked.begin(), ranked.end(),
-                   [](const Candidate* a, const Candidate* b) { return a->bic < b->bic; });
-  if (ranked.size() == 1) return "the only kind that goes with the series";
-  const auto perfect = std::count_if(ranked.begin(), ranked.end(), [](const Candidate* candidate) {
-    return candidate->bic == -std::numeric_limits<double>::infinity();
-  });
-  if (perfect == 1) return "the only kind to fit without error";
-  if (perfect > 1) {
-    return "fits without error, the simplest of " + std::to_string(perfect) + " kinds to do so";
-  }
-  const auto bicText = [](double bic) {
-    return std::isfinite(bic) ? text::FixedText(bic, 3) : std::string("an undefined one");
-  };
-  return "lowest normalised BIC of " + std::to_string(ranked.size()) + " kinds, " +
-         bicText(ranked[0]->bic) + "; next " + ranked[1]->kind->option + " with " +
-         bicText(ranked[1]->bic);
-}
-
-std::string TitleOf(const FittedSeries& fitted) {
-  return fitted.kind == &ArimaKind() ? ArimaTitle(ArimaStateOf(fitted.model).GetAMModelSpec())
-                                     : fitted.kind->title;
-}
-
-tsffit::Forecasts ForecastsOf(const FittedSeries& fitted, unsigned horizon) {
-  if (fitted.kind == &ArimaKind()) {
-    const AMModelSpec& spec = ArimaStateOf(fitted.model).GetAMModelSpec();
-    const unsigned known = std::min(horizon, KnownHorizon(spec, *fitted.series));
-    return tsffit::Forecast(fitted.model, known, FutureValues(*fitted.series, known));
-  }
-  return fitted.kind == &CrostonKind() ? tsffit::Forecast(fitted.croston, horizon)
-                                       : tsffit::Forecast(fitted.model, horizon);
-}
-
-const EstimationInfo& EstimationOf(const FittedSeries& fitted) {
-  return fitted.kind == &CrostonKind() ? fitted.croston.GetImp()->GetEstimationInfo()
-                                       : fitted.model.GetImp()->GetEstimationInfo();
-}
-
-}  // namespace tsx::cli
+}  // namespace tsx::models

@@ -4,10 +4,9 @@
 
 #include <tsfcore/MV.h>
 
-#include "cli/table/CsvReader.h"
 #include "text/Text.h"
 
-namespace tsx::cli {
+namespace tsx::report {
 namespace {
 
 std::string Cell(double value) {
@@ -15,10 +14,10 @@ std::string Cell(double value) {
   return "," + (defined ? text::NumberText(value) : std::string());
 }
 
-void AppendForecasts(std::string& table, const FittedSeries& fitted, unsigned horizon) {
-  const tsffit::Forecasts forecasts = ForecastsOf(fitted, horizon);
-  const std::string name = CsvField(fitted.series->model_name);
-  const DateAxis& axis = *fitted.series->axis;
+void AppendForecasts(std::string& table, const models::SeriesFit& fit, unsigned horizon) {
+  const tsffit::Forecasts forecasts = fit.model->Forecast(horizon);
+  const std::string name = text::CsvField(fit.series->model_name);
+  const models::DateAxis& axis = *fit.series->axis;
   for (std::size_t h = 0; h < forecasts.value.size(); ++h) {
     table += name + "," + axis.CaseText(axis.CaseCount() + h) + Cell(forecasts.value[h]) +
              Cell(forecasts.lower[h]) + Cell(forecasts.upper[h]) + "\n";
@@ -27,12 +26,12 @@ void AppendForecasts(std::string& table, const FittedSeries& fitted, unsigned ho
 
 }  // namespace
 
-std::string ForecastTable(const std::vector<FittedSeries>& fitted, unsigned horizon) {
+std::string ForecastTable(const std::vector<models::SeriesFit>& fits, unsigned horizon) {
   std::string table = "series,time,forecast,lower95,upper95\n";
-  for (const FittedSeries& one : fitted) {
-    if (one.kind != nullptr) AppendForecasts(table, one, horizon);
+  for (const models::SeriesFit& fit : fits) {
+    if (!IsHopeless(fit)) AppendForecasts(table, fit, horizon);
   }
   return table;
 }
 
-}  // namespace tsx::cli
+}  // namespace tsx::report

@@ -6,15 +6,15 @@
 
 #include "models/ModelChoice.h"
 
-namespace tsx::cli {
+namespace tsx::report {
 
 // The forecasts of all fitted series as CSV with the columns
 //   series    the model's name
 //   time      of the case, in the form of the input
 //   forecast, lower95, upper95   on the original scale; empty where undefined
 // `horizon` lines per series, in the order of the series. Hopeless series have none.
-std::string ForecastTable(const std::vector<FittedSeries>& fitted, unsigned horizon);
+std::string ForecastTable(const std::vector<models::SeriesFit>& fits, unsigned horizon);
 
-}  // namespace tsx::cli
+}  // namespace tsx::report
 
 #endif  // TSXPORT_REPORT_FORECASTTABLE_H_

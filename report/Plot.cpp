@@ -7,7 +7,7 @@
 #include "report/TimeTicks.h"
 #include "text/Text.h"
 
-namespace tsx::cli {
+namespace tsx::report {
 namespace {
 
 constexpr double kWidth = 960;
@@ -74,12 +74,12 @@ std::string Legend() {
          TextAt(kRight - 80, kText, "key", "95 % limits");
 }
 
-std::string Heading(const FittedSeries& fitted) {
+std::string Heading(const models::SeriesFit& fit) {
   constexpr char kDot[] = " \xC2\xB7 ";
-  const Series& series = *fitted.series;
+  const models::Series& series = *fit.series;
   return TextAt(kLeft, 30, "title", series.model_name) +
          TextAt(kLeft, 52, "subtitle",
-                series.variable + ", " + series.axis->name + kDot + TitleOf(fitted));
+                series.variable + ", " + series.axis->name + kDot + fit.model->Describe().title);
 }
 
 // Draws one panel. Coordinates count from its upper left corner.
@@ -90,7 +90,7 @@ class PanelDrawing {
   std::string Draw(std::size_t index) const {
     const std::string top = Pixels(static_cast<double>(index) * kPanelHeight);
     const std::string clip = "plot" + std::to_string(index + 1);
-    return "<g transform=\"translate(0 " + top + ")\">\n" + Heading(*panel_.fitted) + Legend() +
+    return "<g transform=\"translate(0 " + top + ")\">\n" + Heading(*panel_.fit) + Legend() +
            ValueAxis() + TimeAxis() + EndOfSeries() + ClipPath(clip) + "<g clip-path=\"url(#" +
            clip + ")\">\n" + Band() + Line("series", panel_.series) +
            Line("forecast", panel_.forecast) + "</g>\n</g>\n";
@@ -123,9 +123,10 @@ class PanelDrawing {
   }
 
   std::string TimeAxis() const {
-    const DateAxis& dates = *panel_.fitted->series->axis;
+    const models::DateAxis& dates = *panel_.fit->series->axis;
     std::string axis = LineFromTo("axis", kLeft, kBottom, kRight, kBottom);
-    for (const TimeTick& tick : MakeTimeTicks(dates, panel_.total_count, kCharactersAcross)) {
+    for (const cli::TimeTick& tick :
+         cli::MakeTimeTicks(dates, panel_.total_count, kCharactersAcross)) {
       const double x = X(static_cast<double>(tick.at));
       axis += LineFromTo("axis", x, kBottom, x, kBottom + 5);
       axis += TextAt(x, kBottom + 22, "time", tick.label);
@@ -182,14 +183,14 @@ std::string Frame(std::size_t panels) {
 
 }  // namespace
 
-std::string PlotText(const std::vector<FittedSeries>& fitted, unsigned horizon) {
+std::string PlotText(const std::vector<models::SeriesFit>& fits, unsigned horizon) {
   std::string panels;
   std::size_t count = 0;
-  for (const FittedSeries& one : fitted) {
-    if (one.kind == nullptr || count == kMostPanels) continue;
-    panels += PanelDrawing(MakePlotPanel(one, horizon)).Draw(count++);
+  for (const models::SeriesFit& fit : fits) {
+    if (IsHopeless(fit) || count == kMostPanels) continue;
+    panels += PanelDrawing(MakePlotPanel(fit, horizon)).Draw(count++);
   }
   return Frame(count) + panels + "</svg>\n";
 }
 
-}  // namespace tsx::cli
+}  // namespace tsx::report

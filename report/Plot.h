@@ -6,14 +6,14 @@
 
 #include "models/ModelChoice.h"
 
-namespace tsx::cli {
+namespace tsx::report {
 
 inline constexpr std::size_t kMostPanels = 24;
 
 // An SVG drawing of the fitted series, each in a panel of its own: the series, `horizon` forecasts
 // and the band between their 95 % limits. Of more than kMostPanels series the first ones are drawn.
-std::string PlotText(const std::vector<FittedSeries>& fitted, unsigned horizon);
+std::string PlotText(const std::vector<models::SeriesFit>& fits, unsigned horizon);
 
-}  // namespace tsx::cli
+}  // namespace tsx::report
 
 #endif  // TSXPORT_REPORT_PLOT_H_

@@ -6,7 +6,7 @@
 
 #include <tsfcore/MV.h>
 
-namespace tsx::cli {
+namespace tsx::report {
 namespace {
 
 using Points = std::vector<PlotPoint>;
@@ -41,7 +41,7 @@ ValueScale ScaleOf(const PlotPanel& panel) {
                         kSteps);
 }
 
-Points SeriesPoints(const Series& series) {
+Points SeriesPoints(const models::Series& series) {
   Points points;
   points.reserve(series.values.size());
   for (std::size_t i = 0; i < series.values.size(); ++i) {
@@ -68,13 +68,13 @@ bool IsDrawable(const PlotPoint& point) {
   return point.value != MV::gMissingValue && std::abs(point.value) <= kLargest;
 }
 
-PlotPanel MakePlotPanel(const FittedSeries& fitted, unsigned horizon) {
-  const tsffit::Forecasts forecasts = ForecastsOf(fitted, horizon);
+PlotPanel MakePlotPanel(const models::SeriesFit& fit, unsigned horizon) {
+  const tsffit::Forecasts forecasts = fit.model->Forecast(horizon);
   PlotPanel panel;
-  panel.fitted = &fitted;
-  panel.case_count = fitted.series->axis->CaseCount();
+  panel.fit = &fit;
+  panel.case_count = fit.series->axis->CaseCount();
   panel.total_count = panel.case_count + forecasts.value.size();
-  panel.series = SeriesPoints(*fitted.series);
+  panel.series = SeriesPoints(*fit.series);
   panel.forecast = Continued(panel, forecasts.value);
   panel.lower = Continued(panel, forecasts.lower);
   panel.upper = Continued(panel, forecasts.upper);
@@ -82,4 +82,4 @@ PlotPanel MakePlotPanel(const FittedSeries& fitted, unsigned horizon) {
   return panel;
 }
 
-}  // namespace tsx::cli
+}  // namespace tsx::report

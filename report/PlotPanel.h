@@ -7,7 +7,7 @@
 #include "models/ModelChoice.h"
 #include "report/ValueScale.h"
 
-namespace tsx::cli {
+namespace tsx::report {
 
 struct PlotPoint {
   double at = 0;  // in cases from the first
@@ -19,7 +19,7 @@ bool IsDrawable(const PlotPoint& point);
 
 // What the panel of one fitted series shows.
 struct PlotPanel {
-  const FittedSeries* fitted = nullptr;
+  const models::SeriesFit* fit = nullptr;
   std::size_t case_count = 0;   // of the series
   std::size_t total_count = 0;  // with the forecasts
   std::vector<PlotPoint> series;
@@ -30,8 +30,8 @@ struct PlotPanel {
   ValueScale scale;
 };
 
-PlotPanel MakePlotPanel(const FittedSeries& fitted, unsigned horizon);
+PlotPanel MakePlotPanel(const models::SeriesFit& fit, unsigned horizon);
 
-}  // namespace tsx::cli
+}  // namespace tsx::report
 
 #endif  // TSXPORT_REPORT_PLOTPANEL_H_

@@ -5,15 +5,15 @@
 
 #include "models/ModelChoice.h"
 
-namespace tsx::cli {
+namespace tsx::report {
 
-// A fitted series in a dozen lines for people: what the series is, which model it got and why, its
-// weights, how well it fits, its final state. `chosen`: the kind was chosen rather than asked for.
-std::string SummaryText(const FittedSeries& fitted, bool chosen);
+// A series that got a model in a dozen lines for people: what the series is, which model it got and
+// why, its weights, how well it fits, its final state.
+std::string SummaryText(const models::SeriesFit& fit);
 
 // The same in one line: "NAME: KIND (the reason)".
-std::string SummaryLine(const FittedSeries& fitted, bool chosen);
+std::string SummaryLine(const models::SeriesFit& fit);
 
-}  // namespace tsx::cli
+}  // namespace tsx::report
 
 #endif  // TSXPORT_REPORT_SUMMARY_H_

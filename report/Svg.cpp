@@ -2,7 +2,7 @@
 
 #include "text/Text.h"
 
-namespace tsx::cli {
+namespace tsx::report {
 namespace {
 
 std::string_view EscapeFor(char c) {
@@ -44,4 +44,4 @@ std::string SvgElement::Text() const {
   return start + ">" + content_ + "</" + name_ + ">\n";
 }
 
-}  // namespace tsx::cli
+}  // namespace tsx::report

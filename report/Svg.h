@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace tsx::cli {
+namespace tsx::report {
 
 // A length in pixels, with at most one decimal.
 std::string Pixels(double length);
@@ -29,6 +29,6 @@ class SvgElement {
   std::string content_;
 };
 
-}  // namespace tsx::cli
+}  // namespace tsx::report
 
 #endif  // TSXPORT_REPORT_SVG_H_

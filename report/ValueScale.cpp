@@ -5,7 +5,7 @@
 
 #include "text/Text.h"
 
-namespace tsx::cli {
+namespace tsx::report {
 namespace {
 
 constexpr double kLargestGrouped = 1e9;  // larger and much smaller numbers go by exponents
@@ -64,4 +64,4 @@ ValueScale MakeValueScale(double low, double high, int steps) {
   return scale;
 }
 
-}  // namespace tsx::cli
+}  // namespace tsx::report

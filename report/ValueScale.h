@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-namespace tsx::cli {
+namespace tsx::report {
 
 // Round numbers for an axis of values: `low` and `high` are whole multiples of `step`, which is 1,
 // 2 or 5 times a power of ten.
@@ -22,6 +22,6 @@ struct ValueScale {
 // steps. Values that are equal but for rounding get a scale around them.
 ValueScale MakeValueScale(double low, double high, int steps);
 
-}  // namespace tsx::cli
+}  // namespace tsx::report
 
 #endif  // TSXPORT_REPORT_VALUESCALE_H_

@@ -106,6 +106,18 @@ std::string Quoted(std::string_view text) {
   return "'" + printable.substr(0, end) + "...'";
 }
 
+std::string CsvField(std::string_view text) {
+  // At the start of a file it would pass for a mark of the encoding.
+  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+  const bool plain = text.find_first_of("\",;\n\r") == std::string_view::npos &&
+                     Trimmed(text).size() == text.size() && !text.starts_with(kByteOrderMark);
+  if (plain) return std::string(text);
+
+  std::string field = "\"";
+  for (const char c : text) field.append(c == '"' ? 2 : 1, c);
+  return field + '"';
+}
+
 std::string NumberText(double value, int digits) {
   std::array<char, 64> buffer{};
   const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,

@@ -36,6 +36,9 @@ std::string Printable(std::string_view text);
 // Printable text in single quotes, cut after 40 characters.
 std::string Quoted(std::string_view text);
 
+// `text` as one cell of a CSV file, in double quotes where it needs them under either separator.
+std::string CsvField(std::string_view text);
+
 // `value` with up to `digits` significant digits, '.' as decimal character, no trailing zeros.
 std::string NumberText(double value, int digits = 15);
 

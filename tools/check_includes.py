@@ -28,8 +28,8 @@ ARROWS = {
     "objstream": {"objstream", "xml", "include"},
     "text": {"text"},
     "times": {"times"} | PUBLIC,
-    "models": {"models", "cli", "cli/table", "times", "text", "kinds", "core/include/tsffit"} | PUBLIC,
-    "report": {"report", "cli", "cli/options", "cli/table", "models", "times", "text", "kinds", "core/include/tsffit"} | PUBLIC,
+    "models": {"models", "times", "text", "kinds", "core/include/tsffit"} | PUBLIC,
+    "report": {"report", "models", "times", "text"} | PUBLIC,
     "cli": {"cli", "text"},  # the errors that end a run
     "cli/system": {"cli/system", "cli", "text"},
     "cli/table": {"cli/table", "cli", "models", "times", "text"} | PUBLIC,

@@ -11,7 +11,7 @@
 namespace tsx::cli {
 namespace {
 
-int AddCalendar(TSXMLTree& tree, const Series& series, const DocumentOptions& options) {
+int AddCalendar(TSXMLTree& tree, const models::Series& series, const DocumentOptions& options) {
   const DateAxis& axis = *series.axis;
   DateSpecOptions how;
   how.season_length = options.season_length;
@@ -20,29 +20,25 @@ int AddCalendar(TSXMLTree& tree, const Series& series, const DocumentOptions& op
   return tree.AddDateSpec(MakeDateSpec(axis, how), axis.name + " from " + axis.CaseText(0));
 }
 
-TSXDictionaryRefs RefsOf(const Series& series, const std::string& descriptor) {
+TSXDictionaryRefs RefsOf(const models::Series& series, const std::string& descriptor) {
   std::vector<std::string> predictors;
-  for (const PredictorColumn& predictor : series.predictors) predictors.push_back(predictor.name);
+  for (const models::Predictor& predictor : series.predictors) predictors.push_back(predictor.name);
   return {series.model_name, descriptor, series.variable, predictors};
-}
-
-bool AddModel(TSXMLTree& tree, const FittedSeries& fitted, const TSXDictionaryRefs& refs) {
-  return fitted.kind == &CrostonKind() ? tree.AddModelTree(fitted.croston, refs)
-                                       : tree.AddModelTree(fitted.model, refs);
 }
 
 }  // namespace
 
-std::string DocumentText(const std::vector<FittedSeries>& fitted, const DocumentOptions& options) {
+std::string DocumentText(const std::vector<models::SeriesFit>& fits,
+                         const DocumentOptions& options) {
   TSXMLTree tree;
-  tree.SetPMMLOutput(options.format == DocumentFormat::kPmml);
+  tree.SetPMMLOutput(options.dialect == FindDialect("pmml"));
   tree.SetApplication("tsxport", TSXPORT_VERSION);
-  for (const FittedSeries& one : fitted) {
-    if (one.kind == nullptr) continue;
-    TSXDictionaryRefs refs = RefsOf(*one.series, options.descriptor);
-    refs.SetDateSpecID(AddCalendar(tree, *one.series, options));
-    if (!AddModel(tree, one, refs)) {
-      throw std::logic_error("internal error: model refused: " + one.series->model_name);
+  for (const models::SeriesFit& fit : fits) {
+    if (IsHopeless(fit)) continue;
+    TSXDictionaryRefs refs = RefsOf(*fit.series, options.descriptor);
+    refs.SetDateSpecID(AddCalendar(tree, *fit.series, options));
+    if (!fit.model->AddTo(tree, refs)) {
+      throw std::logic_error("internal error: model refused: " + fit.series->model_name);
     }
   }
   std::ostringstream document;

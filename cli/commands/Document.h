@@ -4,13 +4,14 @@
 #include <string>
 #include <vector>
 
-#include "cli/options/DocumentFormat.h"
+#include <tsxport/DialectFacts.h>
+
 #include "models/ModelChoice.h"
 
 namespace tsx::cli {
 
 struct DocumentOptions {
-  DocumentFormat format = DocumentFormat::kTscxml;
+  const DialectFacts* dialect = &kDialects[0];
   std::string descriptor;       // of every model
   unsigned season_length = 0;   // asked for; 0: the calendar's own
   bool first_case_day = false;  // on every axis, which must have a Day period
@@ -18,8 +19,9 @@ struct DocumentOptions {
 
 // The document of all fitted series. Series with equivalent calendars share a date
 // specification. Hopeless series are left out; at least one is not.
-// PMML is for series that PmmlCheck.h has nothing against.
-std::string DocumentText(const std::vector<FittedSeries>& fitted, const DocumentOptions& options);
+// The dialect is one that DialectCheck.h has nothing against.
+std::string DocumentText(const std::vector<models::SeriesFit>& fits,
+                         const DocumentOptions& options);
 
 }  // namespace tsx::cli
 

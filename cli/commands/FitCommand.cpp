@@ -5,8 +5,8 @@
 #include <optional>
 #include <system_error>
 
+#include "cli/commands/DialectCheck.h"
 #include "cli/commands/Document.h"
-#include "cli/commands/PmmlCheck.h"
 #include "cli/system/FitJobs.h"
 #include "cli/system/Progress.h"
 #include "cli/system/SafeFile.h"
@@ -19,6 +19,8 @@
 
 namespace tsx::cli {
 namespace {
+
+using models::SeriesFit;
 
 bool IsSameFile(const std::string& a, const std::string& b) {
   std::error_code error;
@@ -58,84 +60,86 @@ void CheckAxes(const std::vector<TableSeries>& all, const FitOptions& options) {
   }
 }
 
-std::vector<FittedSeries> FitAll(const std::vector<TableSeries>& all, const FitOptions& options,
-                                 const Streams& io) {
-  std::vector<FittedSeries> fitted(all.size());
+std::vector<SeriesFit> FitAll(const std::vector<TableSeries>& all, const FitOptions& options,
+                              const Streams& io) {
+  std::vector<SeriesFit> fits(all.size());
   ProgressBar bar(io.err, io.err_is_terminal, all.size());
   RunJobs(
       all.size(), options.jobs,
-      [&](std::size_t i) { fitted[i] = FitSeries(all[i], options.model); },
+      [&](std::size_t i) { fits[i] = FitSeries(all[i].series, options.model); },
       [&bar] { bar.Advance(); });
-  return fitted;
+  return fits;
 }
 
-bool IsHopeless(const FittedSeries& fitted) { return fitted.kind == nullptr; }
-
-std::string HopelessText(const FittedSeries& fitted) {
-  return fitted.fault + " (series \"" + text::Printable(fitted.series->model_name) + "\")";
+std::string HopelessText(const SeriesFit& fit) {
+  return fit.fault.cause + " (series \"" + text::Printable(fit.series->model_name) + "\")";
 }
 
 // Names the hopeless series. When there are no others, that ends the run.
-int ReportHopeless(const std::string& file, const std::vector<FittedSeries>& fitted,
-                   std::ostream& err) {
-  const auto hopeless = std::count_if(fitted.begin(), fitted.end(), IsHopeless);
-  if (static_cast<std::size_t>(hopeless) == fitted.size()) {
-    const FittedSeries& first = fitted.front();
+int ReportHopeless(const std::string& file, const std::vector<TableSeries>& all,
+                   const std::vector<SeriesFit>& fits, std::ostream& err) {
+  const auto hopeless = std::count_if(fits.begin(), fits.end(), models::IsHopeless);
+  const auto placeOf = [&](std::size_t i) { return PlaceOf(fits[i].fault.where, all[i].places); };
+  if (static_cast<std::size_t>(hopeless) == fits.size()) {
     const std::string more =
         hopeless > 1 ? "; none of the " + std::to_string(hopeless) + " series can be fitted" : "";
-    throw InputError(file, first.fault_place, HopelessText(first) + more);
+    throw InputError(file, placeOf(0), HopelessText(fits.front()) + more);
   }
-  for (const FittedSeries& one : fitted) {
-    if (!IsHopeless(one)) continue;
-    err << "tsxport: " << text::LocatedMessage(file, one.fault_place, HopelessText(one)) << '\n';
+  for (std::size_t i = 0; i < fits.size(); ++i) {
+    if (!IsHopeless(fits[i])) continue;
+    err << "tsxport: " << text::LocatedMessage(file, placeOf(i), HopelessText(fits[i])) << '\n';
   }
   return hopeless > 0 ? kExitPartial : kExitOk;
 }
 
-unsigned PlotHorizon(const std::vector<FittedSeries>& fitted, const FitOptions& options) {
+unsigned PlotHorizon(const std::vector<SeriesFit>& fits, const FitOptions& options) {
   constexpr unsigned kWithoutSeason = 10;
   constexpr unsigned kMost = 200;
   if (options.forecast > 0) return options.forecast;
   unsigned season = 1;
-  for (const FittedSeries& one : fitted) season = std::max(season, one.season_length);
+  for (const SeriesFit& fit : fits) season = std::max(season, fit.season_length);
   return season > 1 ? std::min(2 * season, kMost) : kWithoutSeason;
 }
 
+std::size_t ModelCount(const std::vector<SeriesFit>& fits) {
+  return fits.size() -
+         static_cast<std::size_t>(std::count_if(fits.begin(), fits.end(), models::IsHopeless));
+}
+
 // What people are told: whole summaries, or a line each where a document tells the rest.
-std::string ReportText(const std::vector<FittedSeries>& fitted, const FitOptions& options) {
-  const bool chosen = LeavesChoice(options.model);
-  std::string report;
-  for (const FittedSeries& one : fitted) {
-    if (IsHopeless(one)) continue;
-    if (options.output.empty() && !report.empty()) report += '\n';
-    report += options.output.empty() ? SummaryText(one, chosen) : SummaryLine(one, chosen);
+std::string ReportText(const std::vector<SeriesFit>& fits, const FitOptions& options) {
+  std::string told;
+  for (const SeriesFit& fit : fits) {
+    if (IsHopeless(fit)) continue;
+    if (options.output.empty() && !told.empty()) told += '\n';
+    told += options.output.empty() ? report::SummaryText(fit) : report::SummaryLine(fit);
   }
-  const auto models = fitted.size() - static_cast<std::size_t>(
-                                          std::count_if(fitted.begin(), fitted.end(), IsHopeless));
+  const std::size_t count = ModelCount(fits);
   if (!options.output.empty() && options.output != "-") {
-    report += "wrote " + text::Printable(options.output) + " (" + std::to_string(models) +
-              (models == 1 ? " model)\n" : " models)\n");
+    told += "wrote " + text::Printable(options.output) + " (" + std::to_string(count) +
+            (count == 1 ? " model)\n" : " models)\n");
   }
   if (!options.plot.empty()) {
-    report += "wrote " + text::Printable(options.plot);
-    if (models > kMostPanels) report += " (the first " + std::to_string(kMostPanels) + " series)";
-    report += '\n';
+    told += "wrote " + text::Printable(options.plot);
+    if (count > report::kMostPanels) {
+      told += " (the first " + std::to_string(report::kMostPanels) + " series)";
+    }
+    told += '\n';
   }
-  return report;
+  return told;
 }
 
 // Everything is made in memory first, then every file beside its target, then all are put in place.
-void WriteAll(const std::vector<FittedSeries>& fitted, const FitOptions& options,
-              const Streams& io) {
+void WriteAll(const std::vector<SeriesFit>& fits, const FitOptions& options, const Streams& io) {
   std::string document;
   if (!options.output.empty()) {
-    document = DocumentText(fitted, {.format = options.format,
-                                     .descriptor = options.descriptor,
-                                     .season_length = options.model.season_length,
-                                     .first_case_day = options.first_case_day});
+    document = DocumentText(fits, {.dialect = options.dialect,
+                                   .descriptor = options.descriptor,
+                                   .season_length = options.model.season_length,
+                                   .first_case_day = options.first_case_day});
   }
   std::string drawing;
-  if (!options.plot.empty()) drawing = PlotText(fitted, PlotHorizon(fitted, options));
+  if (!options.plot.empty()) drawing = report::PlotText(fits, PlotHorizon(fits, options));
 
   const bool toFile = !options.output.empty() && options.output != "-";
   std::optional<SafeFile> modelFile;
@@ -146,9 +150,9 @@ void WriteAll(const std::vector<FittedSeries>& fitted, const FitOptions& options
   if (plotFile) plotFile->Commit();
 
   if (options.output == "-") io.out << document;
-  if (options.forecast > 0) io.out << ForecastTable(fitted, options.forecast);
+  if (options.forecast > 0) io.out << report::ForecastTable(fits, options.forecast);
   const bool dataOnOutput = options.output == "-" || options.forecast > 0;
-  (dataOnOutput ? io.err : io.out) << ReportText(fitted, options);
+  (dataOnOutput ? io.err : io.out) << ReportText(fits, options);
   if (!io.out.flush()) throw OutputError("standard output: cannot be written");
 }
 
@@ -160,10 +164,10 @@ int RunFit(const FitOptions& options, const Streams& io) {
   const std::vector<TableSeries> all =
       ReadSeries(table, {options.columns, options.name, options.gaps});
   CheckAxes(all, options);
-  if (options.format == DocumentFormat::kPmml) CheckSeriesForPmml(table.file, all, options.model);
-  const std::vector<FittedSeries> fitted = FitAll(all, options, io);
-  const int status = ReportHopeless(table.file, fitted, io.err);
-  WriteAll(fitted, options, io);
+  CheckSeriesFor(*options.dialect, table.file, all, options.model);
+  const std::vector<SeriesFit> fits = FitAll(all, options, io);
+  const int status = ReportHopeless(table.file, all, fits, io.err);
+  WriteAll(fits, options, io);
   return status;
 }
 

@@ -1,7 +1,7 @@
 #include "cli/commands/FitOptions.h"
 
 #include "cli/Errors.h"
-#include "cli/commands/PmmlCheck.h"
+#include "cli/commands/DialectCheck.h"
 #include "cli/options/ModelMeaning.h"
 #include "cli/options/OptionCheck.h"
 
@@ -9,9 +9,9 @@ namespace tsx::cli {
 namespace {
 
 // The columns that are named, those of predictors too.
-ColumnRequest ColumnsOf(const ReadingArguments& given, const ModelRequest& model) {
+ColumnRequest ColumnsOf(const ReadingArguments& given, const models::ModelRequest& model) {
   ColumnRequest columns{.time = given.time, .id = given.id, .variables = given.variables};
-  for (const PredictorRequest& predictor : model.arima.predictors) {
+  for (const models::PredictorRequest& predictor : model.arima.predictors) {
     columns.predictors.push_back(predictor.column);
   }
   return columns;
@@ -27,7 +27,7 @@ void CheckTogether(const FitOptions& options) {
     throw UsageError("-o - and --forecast would both print on standard output");
   }
   if (options.plot == "-") throw UsageError("--plot needs the name of a file");
-  if (options.format == DocumentFormat::kPmml) CheckModelForPmml(options.model);
+  CheckModelFor(*options.dialect, options.model);
   CheckSeason(options.model);
 }
 
@@ -51,8 +51,7 @@ FitOptions MeaningOf(const FitArguments& arguments) {
   options.gaps = reading.gaps;
   options.model = MeaningOf(model, arima);
   options.columns = ColumnsOf(reading, options.model);
-  options.format =
-      CheckedChoice(RowOf(table, &WritingArguments::format), kDocumentFormats, writing.format);
+  options.dialect = &DialectOf(writing);
   options.jobs = JobsOf(running);
   options.forecast = ForecastOf(writing);
   options.model.horizon = options.forecast;

@@ -4,15 +4,16 @@
 #include <string>
 #include <vector>
 
+#include <tsxport/DialectFacts.h>
+
 #include "cli/options/ArimaArguments.h"
-#include "cli/options/DocumentFormat.h"
 #include "cli/options/ModelArguments.h"
 #include "cli/options/OptionTable.h"
 #include "cli/options/ReadingArguments.h"
 #include "cli/options/RunningArguments.h"
 #include "cli/options/WritingArguments.h"
 #include "cli/table/ColumnRoles.h"
-#include "models/ModelChoice.h"
+#include "models/ModelRequest.h"
 
 // The options of "tsxport fit", as they are typed and as they are meant.
 namespace tsx::cli {
@@ -28,12 +29,12 @@ struct FitArguments {
 struct FitOptions {
   std::string input;  // "-": standard input
   ColumnRequest columns;
-  ModelRequest model;
+  models::ModelRequest model;
   std::string name;
   std::string descriptor;
   bool gaps = false;
   bool first_case_day = false;
-  DocumentFormat format = DocumentFormat::kTscxml;
+  const DialectFacts* dialect = &kDialects[0];  // never null
   unsigned jobs = 1;
   unsigned forecast = 0;  // 0: not asked for
   std::string plot;       // empty: not asked for

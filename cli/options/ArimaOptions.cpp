@@ -5,9 +5,17 @@
 
 #include "cli/options/TransformName.h"
 #include "cli/options/ValueReader.h"
+#include "models/arima/OutlierTypes.h"
 #include "text/Text.h"
 
 namespace tsx::cli {
+
+using models::ArimaOrders;
+using models::FactorLags;
+using models::Lags;
+using models::OutlierRequest;
+using models::PredictorRequest;
+
 namespace {
 
 constexpr std::string_view kArima = "arima";
@@ -42,14 +50,6 @@ void ReadParenthesis(ValueReader& in, Lags& ar, unsigned& diff, Lags& ma) {
   ma = ReadOrderOrLags(in);
   in.Expect(')');
 }
-
-constexpr NamedValue<int> kOutlierTypes[] = {
-    {"additive", TSOutlierSpec::kAdditive},
-    {"level", TSOutlierSpec::kLevel},
-    {"transient", TSOutlierSpec::kTransient},
-    {"seasonal-additive", TSOutlierSpec::kSeasonalAdditive},
-    {"trend", TSOutlierSpec::kTrend},
-    {"innovational", TSOutlierSpec::kInnovational}};
 
 // What a predictor's key sets: one of the members that is not null, else the transformation.
 struct PredictorKey {
@@ -142,17 +142,11 @@ OutlierRequest ParseOutlier(std::string_view text) {
   const ParsedTime time = ParseTime(timeText);
   OutlierRequest outlier;
   outlier.text = text;
-  outlier.type = in.Named(kOutlierTypes, text::Trimmed(text.substr(0, at)));
+  outlier.type = in.Named(models::kOutlierTypes, text::Trimmed(text.substr(0, at)));
   if (!time.impossible.empty()) in.Fail(time.impossible);
   if (!time.value) in.Fail(text::Quoted(timeText) + " is not a time");
   outlier.time = *time.value;
   return outlier;
-}
-
-std::string OutlierTypeName(int type) {
-  const auto* const row = std::find_if(std::begin(kOutlierTypes), std::end(kOutlierTypes),
-                                       [type](const auto& one) { return one.value == type; });
-  return row == std::end(kOutlierTypes) ? "" : row->name;
 }
 
 }  // namespace tsx::cli

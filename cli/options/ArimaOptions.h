@@ -19,18 +19,15 @@ bool LooksLikeArima(std::string_view text);
 
 // arima(p,d,q) and arima(p,d,q)(P,D,Q). In the places of p, q, P and Q stands an order, 3 for the
 // lags 1, 2, 3, or a list of lags, [1,3]; in the second parenthesis both count seasons.
-ArimaOrders ParseArimaOrders(std::string_view text);
+models::ArimaOrders ParseArimaOrders(std::string_view text);
 
 // COLUMN, COLUMN:KEY=VALUE,KEY=VALUE... The keys are delay, diff and sdiff with a count, num, den,
 // snum and sden with an order or a list of lags, transform with none, log or sqrt. A column whose
 // name holds a colon can be told: what follows the last colon counts as keys only with a '='.
-PredictorRequest ParsePredictor(std::string_view text);
+models::PredictorRequest ParsePredictor(std::string_view text);
 
 // TYPE@TIME
-OutlierRequest ParseOutlier(std::string_view text);
-
-// The name of an outlier's type in the command's texts: "seasonal-additive".
-std::string OutlierTypeName(int type);
+models::OutlierRequest ParseOutlier(std::string_view text);
 
 }  // namespace tsx::cli
 

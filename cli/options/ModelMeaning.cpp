@@ -2,8 +2,11 @@
 
 #include "cli/Errors.h"
 #include "cli/options/ArimaOptions.h"
+#include "cli/options/CommandWords.h"
 #include "cli/options/OptionCheck.h"
 #include "cli/options/TransformName.h"
+#include "models/Classes.h"
+#include "models/arima/Arima.h"
 #include "text/Text.h"
 
 namespace tsx::cli {
@@ -15,15 +18,15 @@ constexpr char kAutoArima[] = "auto-arima";
 // Whether the text asks for ARIMA, be it with orders that cannot be read.
 bool NamesArima(const std::string& model) { return model == kAutoArima || LooksLikeArima(model); }
 
-const KindInfo* KindOf(const std::string& text) {
-  const KindInfo* const kind = FindKind(text);
+const models::KindInfo* KindOf(const std::string& text) {
+  const models::KindInfo* const kind = models::FindKind(text);
   if (kind != nullptr || text == kAuto) return kind;
-  if (NamesArima(text)) return &ArimaKind();
+  if (NamesArima(text)) return &models::ArimaKind();
   RefuseChoice(RowOf(ModelOptions(), &ModelArguments::model), text);
 }
 
-ArimaRequest ArimaOf(const std::string& model, const ArimaArguments& given) {
-  ArimaRequest arima;
+models::ArimaRequest ArimaOf(const std::string& model, const ArimaArguments& given) {
+  models::ArimaRequest arima;
   arima.automatic = model == kAutoArima;
   if (!arima.automatic) arima.orders = ParseArimaOrders(model);
   if (given.constant && given.no_constant) {
@@ -49,19 +52,23 @@ void CheckWithoutArima(const std::string& model, const ArimaArguments& given) {
 
 std::vector<OptionChoice> ModelChoices() {
   std::vector<OptionChoice> choices = {{kAuto}};
-  for (const KindInfo& kind : SmoothingKinds()) choices.push_back({kind.option});
-  choices.push_back({CrostonKind().option});
+  for (const models::ModelClass* one : models::Classes()) {
+    for (const models::KindInfo& kind : one->Kinds()) {
+      if (*kind.option != '\0') choices.push_back({kind.option});
+    }
+  }
   choices.push_back({.text = "arima(p,d,q)", .is_pattern = true});
   choices.push_back({.text = "arima(p,d,q)(P,D,Q)", .is_pattern = true});
   choices.push_back({kAutoArima});
   return choices;
 }
 
-ModelRequest MeaningOf(const ModelArguments& model, const ArimaArguments& arima) {
+models::ModelRequest MeaningOf(const ModelArguments& model, const ArimaArguments& arima) {
   const OptionTable<ModelArguments> table = ModelOptions();
-  ModelRequest request;
+  models::ModelRequest request;
+  request.words = &kCommandWords;
   request.kind = KindOf(model.model);
-  if (request.kind == &ArimaKind()) {
+  if (request.kind == &models::ArimaKind()) {
     request.arima = ArimaOf(model.model, arima);
   } else {
     CheckWithoutArima(model.model, arima);
@@ -74,10 +81,8 @@ ModelRequest MeaningOf(const ModelArguments& model, const ArimaArguments& arima)
   return request;
 }
 
-void CheckSeason(const ModelRequest& request) {
-  const KindInfo* const kind = request.kind;
-  const bool seasonal = kind != nullptr && kind->seasonal;
-  const std::string inNeed = seasonal ? kind->option : SeasonalPart(request.arima);
+void CheckSeason(const models::ModelRequest& request) {
+  const std::string inNeed = models::SeasonalPart(request);
   if (request.season_length != 1 || inNeed.empty()) return;
   throw UsageError("--season 1 means no season, which " + inNeed + " needs");
 }

@@ -5,7 +5,7 @@
 
 #include "cli/options/ArimaArguments.h"
 #include "cli/options/ModelArguments.h"
-#include "models/ModelChoice.h"
+#include "models/ModelRequest.h"
 
 // From what is typed of a model to the request that it means.
 namespace tsx::cli {
@@ -15,10 +15,10 @@ std::vector<OptionChoice> ModelChoices();
 
 // The request, whose horizon is left open. Throws UsageError for texts that mean nothing, and for
 // options of ARIMA beside another model.
-ModelRequest MeaningOf(const ModelArguments& model, const ArimaArguments& arima);
+models::ModelRequest MeaningOf(const ModelArguments& model, const ArimaArguments& arima);
 
 // Throws UsageError when --season 1, which means no season, stands beside a model that needs one.
-void CheckSeason(const ModelRequest& request);
+void CheckSeason(const models::ModelRequest& request);
 
 }  // namespace tsx::cli
 

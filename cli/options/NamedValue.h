@@ -10,6 +10,7 @@
 // Tables of words on the command line and what they stand for.
 namespace tsx::cli {
 
+// The row of such a table; any other struct with a name and a value does as well.
 template <typename Value>
 struct NamedValue {
   const char* name;
@@ -17,19 +18,19 @@ struct NamedValue {
 };
 
 // What `name` stands for; empty when it is not in the table.
-template <typename Value, std::size_t kCount>
-std::optional<Value> FindNamed(const NamedValue<Value> (&table)[kCount], std::string_view name) {
-  for (const NamedValue<Value>& row : table) {
+template <typename Row, std::size_t kCount>
+std::optional<decltype(Row::value)> FindNamed(const Row (&table)[kCount], std::string_view name) {
+  for (const Row& row : table) {
     if (name == row.name) return row.value;
   }
   return std::nullopt;
 }
 
 // The words of a table, in its order.
-template <typename Value, std::size_t kCount>
-std::vector<std::string> NamesIn(const NamedValue<Value> (&table)[kCount]) {
+template <typename Row, std::size_t kCount>
+std::vector<std::string> NamesIn(const Row (&table)[kCount]) {
   std::vector<std::string> names;
-  for (const NamedValue<Value>& row : table) names.emplace_back(row.name);
+  for (const Row& row : table) names.emplace_back(row.name);
   return names;
 }
 

@@ -34,9 +34,9 @@ class ValueReader {
   unsigned Count(unsigned least, unsigned most);
 
   // What `word` stands for; it must be in the table.
-  template <typename Value, std::size_t kCount>
-  Value Named(const NamedValue<Value> (&table)[kCount], std::string_view word) const {
-    const std::optional<Value> value = FindNamed(table, word);
+  template <typename Row, std::size_t kCount>
+  auto Named(const Row (&table)[kCount], std::string_view word) const {
+    const auto value = FindNamed(table, word);
     if (!value) {
       Fail(text::Quoted(word) + " is none of " + text::Joined(NamesIn(table), ", "));
     }

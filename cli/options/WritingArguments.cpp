@@ -1,10 +1,15 @@
 #include "cli/options/WritingArguments.h"
 
-#include "cli/options/DocumentFormat.h"
 #include "cli/options/OptionCheck.h"
 
 namespace tsx::cli {
 namespace {
+
+std::vector<OptionChoice> DialectChoices() {
+  std::vector<OptionChoice> choices;
+  for (const DialectFacts& dialect : kDialects) choices.push_back({dialect.name});
+  return choices;
+}
 
 constexpr OptionEntry<WritingArguments> kOptions[] = {
     {{.shape = OptionShape::kValue,
@@ -23,7 +28,7 @@ constexpr OptionEntry<WritingArguments> kOptions[] = {
               "for smoothing alone: it has no place for croston, for ARIMA, for --transform or for "
               "missing values, and the run is refused where they come up. One series to a document "
               "is best there, since its data dictionary names the last one only",
-      .choices = [] { return ChoicesIn(kDocumentFormats); }},
+      .choices = DialectChoices},
      &WritingArguments::format},
     {{.shape = OptionShape::kValue,
       .name = "--name",
@@ -69,5 +74,11 @@ static_assert(AreSound<WritingArguments>(kOptions));
 }  // namespace
 
 OptionTable<WritingArguments> WritingOptions() { return kOptions; }
+
+const DialectFacts& DialectOf(const WritingArguments& arguments) {
+  const DialectFacts* const dialect = FindDialect(arguments.format);
+  if (dialect != nullptr) return *dialect;
+  RefuseChoice(RowOf(WritingOptions(), &WritingArguments::format), arguments.format);
+}
 
 }  // namespace tsx::cli

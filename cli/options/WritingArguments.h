@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include <tsxport/DialectFacts.h>
+
 #include "cli/options/OptionTable.h"
 
 namespace tsx::cli {
@@ -12,7 +14,7 @@ inline constexpr unsigned kLongestForecast = 10'000;
 // What is typed of documents, forecasts and plots; empty where nothing is.
 struct WritingArguments {
   std::string output;  // "-": standard output
-  std::string format = "tscxml";
+  std::string format = kDialects[0].name;
   std::string name;
   std::string descriptor;
   std::string forecast;
@@ -21,6 +23,9 @@ struct WritingArguments {
 };
 
 OptionTable<WritingArguments> WritingOptions();
+
+// The dialect that is asked for. Throws UsageError.
+const DialectFacts& DialectOf(const WritingArguments& arguments);
 
 }  // namespace tsx::cli
 

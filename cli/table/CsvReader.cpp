@@ -211,22 +211,12 @@ CsvTable ReadCsvFile(const std::string& path) {
   return ParseCsv(standardInput ? "<standard input>" : path, *bytes);
 }
 
-std::string CsvField(std::string_view text) {
-  const bool plain = text.find_first_of("\",;\n\r") == std::string_view::npos &&
-                     text::Trimmed(text).size() == text.size() && !text.starts_with(kByteOrderMark);
-  if (plain) return std::string(text);
-
-  std::string field = "\"";
-  for (const char c : text) field.append(c == '"' ? 2 : 1, c);
-  return field + '"';
-}
-
 std::string CsvText(const CsvTable& table) {
   std::string text;
   const auto addRow = [&](const std::vector<CsvCell>& row) {
     std::vector<std::string> fields;
     fields.reserve(row.size());
-    for (const CsvCell& cell : row) fields.push_back(CsvField(cell.text));
+    for (const CsvCell& cell : row) fields.push_back(text::CsvField(cell.text));
     // An empty line at the end would not be read as a row; a pair of quotes is.
     const std::string line = text::Joined(fields, std::string_view(&table.separator, 1));
     text += (line.empty() ? "\"\"" : line) + '\n';

@@ -40,9 +40,6 @@ CsvTable ParseCsv(std::string file, std::string_view bytes);
 // read.
 CsvTable ReadCsvFile(const std::string& path);
 
-// `text` as one cell, in quotes where it needs them under either separator.
-std::string CsvField(std::string_view text);
-
 // The table as a file again: ParseCsv() of it gives an equal table, places aside.
 std::string CsvText(const CsvTable& table);
 

@@ -9,7 +9,7 @@ namespace tsx::cli {
 namespace {
 
 // Makes the values from `count` on the predictor's future, as far as they follow one another.
-void CutPredictor(PredictorColumn& predictor, PredictorPlaces& places,
+void CutPredictor(models::Predictor& predictor, PredictorPlaces& places,
                   const std::vector<std::size_t>& cases, std::size_t count) {
   for (std::size_t i = count; i < cases.size(); ++i) {
     if (cases[i] != cases[i - 1] + 1 || predictor.values[i] == MV::gMissingValue) {

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <vector>
 
+#include "models/Fault.h"
 #include "text/Place.h"
 
 // Where the cells of a series stand in its table, for messages. What a series says is independent
@@ -23,6 +24,10 @@ struct SeriesPlaces {
 
 // Where case `i` of `places` stands; for a skipped one, which has no row, where the next one does.
 text::Place PlaceOfCase(const std::vector<text::Place>& places, std::size_t i);
+
+// Where the spot that a fault is about stands. The future of a predictor ends at its first unknown
+// value, or at the last known one where the table ends before that.
+text::Place PlaceOf(const models::Where& where, const SeriesPlaces& places);
 
 }  // namespace tsx::cli
 

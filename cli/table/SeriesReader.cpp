@@ -88,7 +88,7 @@ void SeriesReader::ReadColumn(std::size_t column, std::vector<double>& values,
 
 void SeriesReader::ReadPredictors(TableSeries& read) {
   for (const std::size_t column : roles_.predictors) {
-    PredictorColumn& predictor = read.series.predictors.emplace_back();
+    models::Predictor& predictor = read.series.predictors.emplace_back();
     PredictorPlaces& places = read.places.predictors.emplace_back();
     predictor.name = table_.header[column].text;
     ReadColumn(column, predictor.values, places.values);

@@ -8,7 +8,7 @@ namespace tsx::cli {
 
 // A series as a table holds it: what it says, and where its cells stand.
 struct TableSeries {
-  Series series;
+  models::Series series;
   SeriesPlaces places;
 };
 

@@ -1,25 +1,15 @@
 #ifndef TSXPORT_MODELS_ARIMA_ARIMAFAULT_H_
 #define TSXPORT_MODELS_ARIMA_ARIMAFAULT_H_
 
-#include <string>
+#include "models/ModelClass.h"
 
-#include "cli/table/TableSeries.h"
-#include "models/arima/ArimaRequest.h"
+namespace tsx::models {
 
-namespace tsx::cli {
-
-// Why a request cannot go with a series, before any fit; no cause when it can.
-struct ArimaFault {
-  std::string cause;
-  text::Place place;
-};
-
-// Looks for seasons without a season length or over gaps, lags beyond the series, predictors with
-// missing values up to the end of the series, known for less than `horizon` periods behind it or
+// Why an ARIMA model cannot go with a series, before any fit: lags beyond the series, predictors
+// with missing values up to the end of the series, known for less than the horizon behind it or
 // there outside the domain of their transformation, and outliers at times that the series has not.
-ArimaFault FindArimaFault(const ArimaRequest& request, const TableSeries& read,
-                          unsigned seasonLength, unsigned horizon);
+Fault FindArimaFault(const Task& task);
 
-}  // namespace tsx::cli
+}  // namespace tsx::models
 
 #endif  // TSXPORT_MODELS_ARIMA_ARIMAFAULT_H_

@@ -2,18 +2,17 @@
 
 #include <algorithm>
 
-#include <tsfcore/TSFModelImp.h>
 #include <tsffit/AutoArima.h>
 #include <tsffit/Outliers.h>
 
 #include "models/arima/ArimaSpec.h"
 
-namespace tsx::cli {
+namespace tsx::models {
 namespace {
 
 std::vector<std::vector<double>> PredictorValues(const Series& series) {
   std::vector<std::vector<double>> values;
-  for (const PredictorColumn& predictor : series.predictors) values.push_back(predictor.values);
+  for (const Predictor& predictor : series.predictors) values.push_back(predictor.values);
   return values;
 }
 
@@ -59,8 +58,4 @@ ArimaOutcome FitArimaSeries(const ArimaRequest& request, const Series& series,
   return SearchForOrders(request, series, HasGaps(series) ? 1 : seasonLength, spec);
 }
 
-const ARMAForecastState& ArimaStateOf(const TSFModel& model) {
-  return dynamic_cast<const ARMAForecastState&>(*model.GetImp()->GetForecastState());
-}
-
-}  // namespace tsx::cli
+}  // namespace tsx::models

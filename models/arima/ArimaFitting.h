@@ -1,14 +1,12 @@
 #ifndef TSXPORT_MODELS_ARIMA_ARIMAFITTING_H_
 #define TSXPORT_MODELS_ARIMA_ARIMAFITTING_H_
 
-#include <tsfcore/ARMAForecastState.h>
-#include <tsfcore/TSFModel.h>
 #include <tsffit/Arima.h>
 
 #include "models/Series.h"
 #include "models/arima/ArimaRequest.h"
 
-namespace tsx::cli {
+namespace tsx::models {
 
 // An ARIMA fit, and the search that led to it.
 struct ArimaOutcome {
@@ -21,9 +19,6 @@ struct ArimaOutcome {
 ArimaOutcome FitArimaSeries(const ArimaRequest& request, const Series& series,
                             unsigned seasonLength, int functionType);
 
-// The state of a fitted ARIMA model; it has no other.
-const ARMAForecastState& ArimaStateOf(const TSFModel& model);
-
-}  // namespace tsx::cli
+}  // namespace tsx::models
 
 #endif  // TSXPORT_MODELS_ARIMA_ARIMAFITTING_H_

@@ -2,7 +2,7 @@
 
 #include "text/Text.h"
 
-namespace tsx::cli {
+namespace tsx::models {
 namespace {
 
 bool IsSeasonal(const ArimaOrders& orders) {
@@ -16,8 +16,8 @@ bool IsSeasonal(const PredictorRequest& predictor) {
 
 }  // namespace
 
-std::string SeasonalPart(const ArimaRequest& request) {
-  if (IsSeasonal(request.orders)) return "the second parenthesis of arima(p,d,q)(P,D,Q)";
+std::string SeasonalPart(const ArimaRequest& request, const HostWords& words) {
+  if (IsSeasonal(request.orders)) return words.seasonal_orders;
   for (const PredictorRequest& predictor : request.predictors) {
     if (IsSeasonal(predictor)) return "the predictor " + text::Quoted(predictor.column);
   }
@@ -28,4 +28,8 @@ std::string SeasonalPart(const ArimaRequest& request) {
   return "";
 }
 
-}  // namespace tsx::cli
+bool HasSeasonalPart(const ArimaRequest& request) {
+  return !SeasonalPart(request, kPlainWords).empty();
+}
+
+}  // namespace tsx::models

@@ -10,10 +10,11 @@
 #include <tsfcore/TSTransformation.h>
 #include <tsffit/Arima.h>
 
+#include "models/HostWords.h"
 #include "times/TimeForm.h"
 
-// What the command line asks of an ARIMA model, before it meets a series.
-namespace tsx::cli {
+// What is asked of an ARIMA model, before it meets a series.
+namespace tsx::models {
 
 using Lags = std::vector<std::uint32_t>;  // rising, each at least 1 and there once
 
@@ -30,7 +31,7 @@ struct ArimaOrders {
 };
 
 struct PredictorRequest {
-  std::string column;
+  std::string column;  // its name
   int function_type = TSTransformation::kNone;
   unsigned diff = 0;
   unsigned seasonal_diff = 0;
@@ -43,7 +44,7 @@ struct PredictorRequest {
 struct OutlierRequest {
   std::string text;  // as it was given, for messages
   int type = TSOutlierSpec::kNone;
-  TimeValue time;
+  cli::TimeValue time;
 };
 
 struct ArimaRequest {
@@ -56,10 +57,13 @@ struct ArimaRequest {
   bool detect_outliers = false;
 };
 
-// The first part of the request that means seasons, as in "the seasonal part of arima(p,d,q)(P,D,Q)
-// needs one"; empty where there is none.
-std::string SeasonalPart(const ArimaRequest& request);
+// The first part of the request that means seasons, in the words of the host; empty where there is
+// none.
+std::string SeasonalPart(const ArimaRequest& request, const HostWords& words);
 
-}  // namespace tsx::cli
+// Whether there is such a part.
+bool HasSeasonalPart(const ArimaRequest& request);
+
+}  // namespace tsx::models
 
 #endif  // TSXPORT_MODELS_ARIMA_ARIMAREQUEST_H_

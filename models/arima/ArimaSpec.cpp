@@ -4,10 +4,11 @@
 #include <limits>
 #include <utility>
 
+#include "models/Transformation.h"
 #include "models/arima/OutlierTime.h"
 #include "text/Text.h"
 
-namespace tsx::cli {
+namespace tsx::models {
 namespace {
 
 AMPowers PowersOf(const Lags& lags, unsigned season) {
@@ -57,7 +58,7 @@ AMModelSpec::Fields MakeArimaSpec(const ArimaRequest& request, const Series& ser
                                   unsigned seasonLength, int functionType) {
   const ArimaOrders& orders = request.orders;
   AMModelSpec::Fields spec;
-  spec.season_length = SeasonalPart(request).empty() ? 1 : seasonLength;
+  spec.season_length = HasSeasonalPart(request) ? seasonLength : 1;
   spec.y_transform = TSTransformation(functionType);
   spec.non_seasonal_diff = orders.diff;
   spec.seasonal_diff = orders.seasonal_diff;
@@ -86,8 +87,8 @@ std::string ArimaTitle(const AMModelSpec& spec) {
         std::to_string(season);
   }
   const int function = spec.GetYTransformSpec().GetFunctionType();
-  if (function == TSTransformation::kLogarithm) title += " of the logarithm";
-  if (function == TSTransformation::kSquareRoot) title += " of the square root";
+  if (function != TSTransformation::kNone)
+    title += std::string(" of the ") + WordsOf(function).name;
   bool constant = false;
   spec.GetMeanYPresent(constant);
   return title + (constant ? " with a constant" : "");
@@ -107,7 +108,7 @@ unsigned KnownHorizon(const AMModelSpec& spec, const Series& series) {
 
 std::vector<std::vector<double>> FutureValues(const Series& series, unsigned horizon) {
   std::vector<std::vector<double>> futures;
-  for (const PredictorColumn& predictor : series.predictors) {
+  for (const Predictor& predictor : series.predictors) {
     std::vector<double> future = predictor.future;
     const double last = future.empty() ? predictor.values.back() : future.back();
     future.resize(horizon, last);
@@ -116,4 +117,4 @@ std::vector<std::vector<double>> FutureValues(const Series& series, unsigned hor
   return futures;
 }
 
-}  // namespace tsx::cli
+}  // namespace tsx::models

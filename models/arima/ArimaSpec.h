@@ -10,7 +10,7 @@
 #include "models/arima/ArimaRequest.h"
 
 // From an ARIMA request and its series to the specification of a model.
-namespace tsx::cli {
+namespace tsx::models {
 
 // The specification to fit. The request must be without fault on the series (see ArimaFault.h).
 // Outliers count their cases from the first one of the series.
@@ -28,6 +28,6 @@ unsigned KnownHorizon(const AMModelSpec& spec, const Series& series);
 // values have no effect within the horizon; where they are not known, the last known one is there.
 std::vector<std::vector<double>> FutureValues(const Series& series, unsigned horizon);
 
-}  // namespace tsx::cli
+}  // namespace tsx::models
 
 #endif  // TSXPORT_MODELS_ARIMA_ARIMASPEC_H_

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace tsx::cli {
+namespace tsx::models {
 namespace {
 
 // The case of the axis that a tick names.
@@ -16,11 +16,11 @@ std::optional<std::size_t> CaseOfTick(const DateAxis& axis, std::int64_t tick) {
 
 // The case of the axis that a time names: in the form of the axis, or by its number from 1.
 std::optional<std::size_t> CaseOfTime(const DateAxis& axis, const OutlierRequest& outlier) {
-  const TimeUnit unit = outlier.time.form.unit;
+  const cli::TimeUnit unit = outlier.time.form.unit;
   const std::int64_t tick = outlier.time.tick;
   if (unit == axis.form.unit) return CaseOfTick(axis, tick);
-  if (unit != TimeUnit::kNumber) return std::nullopt;
-  const bool isYear = axis.form.unit == TimeUnit::kYear && tick >= 1000 && tick < 3000;
+  if (unit != cli::TimeUnit::kNumber) return std::nullopt;
+  const bool isYear = axis.form.unit == cli::TimeUnit::kYear && tick >= 1000 && tick < 3000;
   if (isYear) return CaseOfTick(axis, tick);
   return tick == 0 ? std::nullopt : std::optional(static_cast<std::size_t>(tick - 1));
 }
@@ -35,4 +35,4 @@ std::optional<std::size_t> IndexOfOutlier(const Series& series, const OutlierReq
   return static_cast<std::size_t>(found - series.cases.begin());
 }
 
-}  // namespace tsx::cli
+}  // namespace tsx::models

@@ -7,7 +7,7 @@
 #include "models/Series.h"
 #include "models/arima/ArimaRequest.h"
 
-namespace tsx::cli {
+namespace tsx::models {
 
 // Where an outlier stands among the cases of the series, counted from 0; empty when its time is
 // none of them. The time has the form of the series' times or is the number of a case of the axis,
@@ -15,6 +15,6 @@ namespace tsx::cli {
 // those.
 std::optional<std::size_t> IndexOfOutlier(const Series& series, const OutlierRequest& outlier);
 
-}  // namespace tsx::cli
+}  // namespace tsx::models
 
 #endif  // TSXPORT_MODELS_ARIMA_OUTLIERTIME_H_

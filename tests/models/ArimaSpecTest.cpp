@@ -4,13 +4,20 @@
 #include <tsfcore/MV.h>
 
 #include "cli/options/ArimaOptions.h"
+#include "cli/options/CommandWords.h"
 #include "cli/table/SeriesReader.h"
-#include "models/arima/ArimaFault.h"
+#include "models/ModelChoice.h"
+#include "models/arima/Arima.h"
 #include "models/arima/ArimaSpec.h"
 #include "support/Tables.h"
 
-namespace tsx::cli {
+namespace tsx::models {
 namespace {
+
+using cli::ParseArimaOrders;
+using cli::ParseOutlier;
+using cli::ParsePredictor;
+using cli::TableSeries;
 
 using test::Table;
 
@@ -21,11 +28,11 @@ constexpr char kMonthsWithX[] =
 constexpr char kYears[] = "year,y\n1871,5\n1872,6\n1873,4\n1874,7\n";
 
 TableSeries SeriesOf(std::string_view text, bool gaps = false) {
-  SeriesOptions options;
+  cli::SeriesOptions options;
   options.columns.variables = {"y"};
   if (text.find(",x\n") != std::string_view::npos) options.columns.predictors = {"x"};
   options.skipped_as_gaps = gaps;
-  return ReadSeries(Table(text), options).front();
+  return cli::ReadSeries(Table(text), options).front();
 }
 
 ArimaRequest Request(const std::string& model) {
@@ -63,9 +70,24 @@ std::string TitleOf(const std::string& model, unsigned season,
   return ArimaTitle(AMModelSpec(MakeArimaSpec(request, SeriesOf(kYears).series, season, function)));
 }
 
+// Why the command would refuse the request, and where in the table.
+struct Refusal {
+  std::string cause;
+  text::Place place;
+};
+Refusal RefusalOf(const ArimaRequest& arima, const TableSeries& read, unsigned season,
+                  unsigned horizon) {
+  ModelRequest request;
+  request.kind = &ArimaKind();
+  request.arima = arima;
+  request.horizon = horizon;
+  request.words = &cli::kCommandWords;
+  const Fault fault = FindFault({read.series, request, season});
+  return {fault.cause, cli::PlaceOf(fault.where, read.places)};
+}
 std::string FaultOf(const ArimaRequest& request, const TableSeries& series, unsigned season = 12,
                     unsigned horizon = 0) {
-  return FindArimaFault(request, series, season, horizon).cause;
+  return RefusalOf(request, series, season, horizon).cause;
 }
 
 TEST(ArimaSpec, SeasonalLagsAreSeasonsInPeriods) {
@@ -230,14 +252,14 @@ TEST(ArimaFault, LongestSeasonsAndLagsAreWithinTheRangeOfTheSum) {
 }
 
 TEST(ArimaFault, PredictorHasAValueForEveryCase) {
-  const ArimaFault fault = FindArimaFault(
+  const Refusal fault = RefusalOf(
       WithPredictor("x"), SeriesOf("date,y,x\n2000-01,5,1\n2000-02,6,\n2000-03,4,3\n"), 1, 0);
   EXPECT_EQ(fault.cause, "the predictor 'x' has no value at 2000-02, which lies within the series");
   EXPECT_EQ(fault.place, (text::Place{3, 11}));
 }
 
 TEST(ArimaFault, PredictorHasAValueForSkippedPeriodsToo) {
-  const ArimaFault fault = FindArimaFault(
+  const Refusal fault = RefusalOf(
       WithPredictor("x"), SeriesOf("date,y,x\n2000-01,5,1\n2000-02,6,2\n2000-04,4,3\n"), 1, 0);
   EXPECT_EQ(fault.cause, "the predictor 'x' has no value at 2000-03, which the table skips");
   EXPECT_EQ(fault.place, (text::Place{4, 11}));
@@ -251,7 +273,7 @@ TEST(ArimaFault, PredictorNeedsNoValueBeforeTheSeriesBegins) {
 
 TEST(ArimaFault, FutureOfAPredictorIsInTheDomainOfItsTransformation) {
   const TableSeries series = SeriesOf("date,y,x\n2000-01,5,1\n2000-02,6,2\n2000-03,,-3\n");
-  const ArimaFault fault = FindArimaFault(WithPredictor("x:transform=log"), series, 1, 0);
+  const Refusal fault = RefusalOf(WithPredictor("x:transform=log"), series, 1, 0);
   EXPECT_EQ(fault.cause, "the predictor 'x' is -3: the logarithm needs values above 0");
   EXPECT_EQ(fault.place, (text::Place{4, 10}));
   EXPECT_EQ(FaultOf(WithPredictor("x:transform=sqrt"), series),
@@ -274,7 +296,7 @@ TEST(ArimaHorizon, EndsWithTheKnownValuesOfThePredictor) {
 
 TEST(ArimaHorizon, IsBlamedOnTheFirstUnknownValueElseTheLastKnownOne) {
   const auto placeOf = [](std::string_view table) {
-    return FindArimaFault(WithPredictor("x"), SeriesOf(table), 1, 3).place;
+    return RefusalOf(WithPredictor("x"), SeriesOf(table), 1, 3).place;
   };
   EXPECT_EQ(placeOf(kTwoAhead), (text::Place{8, 10}));
   EXPECT_EQ(placeOf("date,y,x\n2000-01,5,1\n2000-02,6,2\n2000-03,,1\n"), (text::Place{4, 10}));
@@ -330,4 +352,4 @@ TEST(ArimaTitle, TellsTransformationAndConstant) {
 }
 
 }  // namespace
-}  // namespace tsx::cli
+}  // namespace tsx::models

@@ -4,12 +4,19 @@
 
 #include <tsfcore/MV.h>
 
+#include "cli/options/CommandWords.h"
 #include "cli/table/SeriesReader.h"
+#include "models/Classes.h"
+#include "models/Croston.h"
 #include "models/ModelChoice.h"
+#include "report/ChoiceText.h"
 #include "support/Tables.h"
 
-namespace tsx::cli {
+namespace tsx::models {
 namespace {
+
+using cli::ReadSeries;
+using cli::TableSeries;
 
 using test::Table;
 
@@ -17,7 +24,8 @@ using test::Table;
 TableSeries Monthly(const std::vector<double>& values) {
   std::string text = "date,y\n";
   for (std::size_t i = 0; i < values.size(); ++i) {
-    const std::string time = TimeText({TimeUnit::kMonth}, 24000 + static_cast<std::int64_t>(i));
+    const std::string time =
+        cli::TimeText({cli::TimeUnit::kMonth}, 24000 + static_cast<std::int64_t>(i));
     text += time + "," + std::to_string(values[i]) + "\n";
   }
   return ReadSeries(Table(text), {}).front();
@@ -31,34 +39,43 @@ std::vector<double> Seasons(int count, double level) {
   return values;
 }
 
-std::vector<std::string> Tried(const FittedSeries& fitted) {
+// As the command asks for a kind.
+ModelRequest ForCommand(const char* kind) {
+  ModelRequest request;
+  request.kind = FindKind(kind);
+  request.words = &cli::kCommandWords;
+  return request;
+}
+
+std::vector<std::string> Tried(const SeriesFit& fitted) {
   std::vector<std::string> names;
   for (const Candidate& candidate : fitted.candidates) {
     if (candidate.fitted) names.push_back(candidate.kind->option);
   }
   return names;
 }
-bool WasFitted(const FittedSeries& fitted, const std::string& name) {
+bool WasFitted(const SeriesFit& fitted, const std::string& name) {
   const auto names = Tried(fitted);
   return std::find(names.begin(), names.end(), name) != names.end();
 }
 
 TEST(ModelChoice, AllKindsAreTriedOnAPositiveSeasonalSeries) {
   const TableSeries series = Monthly(Seasons(60, 100));
-  EXPECT_EQ(Tried(FitSeries(series, {})).size(), 7U);
+  EXPECT_EQ(Tried(FitSeries(series.series, {})).size(), 7U);
 }
 
 TEST(ModelChoice, LowestNormalisedBicWins) {
   const TableSeries series = Monthly(Seasons(60, 100));
-  const FittedSeries fitted = FitSeries(series, {});
+  const SeriesFit fitted = FitSeries(series.series, {});
   for (const Candidate& candidate : fitted.candidates) {
-    EXPECT_GE(candidate.bic, fitted.model.GetGOFStat("NRMBIC")) << candidate.kind->option;
+    EXPECT_GE(candidate.bic, fitted.model->Estimation().GetGOFStat(BFSharedConst::kNormBayesIC))
+        << candidate.kind->option;
   }
 }
 
 TEST(ModelChoice, NoMultiplicativeSeasonsWhereAValueIsNotPositive) {
   const TableSeries series = Monthly(Seasons(60, 0));
-  const FittedSeries fitted = FitSeries(series, {});
+  const SeriesFit fitted = FitSeries(series.series, {});
   EXPECT_FALSE(WasFitted(fitted, "winters-multiplicative"));
   EXPECT_TRUE(WasFitted(fitted, "winters-additive"));
   ASSERT_NE(fitted.kind, nullptr);
@@ -66,52 +83,51 @@ TEST(ModelChoice, NoMultiplicativeSeasonsWhereAValueIsNotPositive) {
 
 TEST(ModelChoice, NoMultiplicativeSeasonsOfATransformedSeries) {
   const TableSeries series = Monthly(Seasons(60, 100));
-  const FittedSeries fitted = FitSeries(
-      series, {.kind = nullptr, .season_length = 0, .function_type = TSTransformation::kLogarithm});
+  const SeriesFit fitted = FitSeries(
+      series.series,
+      {.kind = nullptr, .season_length = 0, .function_type = TSTransformation::kLogarithm});
   EXPECT_FALSE(WasFitted(fitted, "winters-multiplicative"));
   EXPECT_EQ(fitted.candidates.size(), 6U);
 }
 
 TEST(ModelChoice, NoSeasonsInASeriesOfLessThanTwo) {
   const TableSeries series = Monthly(Seasons(20, 100));
-  const FittedSeries fitted = FitSeries(series, {});
+  const SeriesFit fitted = FitSeries(series.series, {});
   EXPECT_EQ(Tried(fitted), (std::vector<std::string>{"simple", "brown", "holt", "damped-trend"}));
 }
 
 TEST(ModelChoice, SeasonOfOneMeansNoSeasons) {
   const TableSeries series = Monthly(Seasons(60, 100));
-  EXPECT_EQ(FitSeries(series, {.kind = nullptr, .season_length = 1}).candidates.size(), 4U);
+  EXPECT_EQ(FitSeries(series.series, {.kind = nullptr, .season_length = 1}).candidates.size(), 4U);
 }
 
 TEST(ModelChoice, PerfectFitsRankFirstAndTheSimplestOfThemWins) {
   const TableSeries series = Monthly(std::vector<double>(40, 5));
-  const FittedSeries fitted = FitSeries(series, {});
+  const SeriesFit fitted = FitSeries(series.series, {});
   ASSERT_NE(fitted.kind, nullptr);
   EXPECT_STREQ(fitted.kind->option, "simple");
-  EXPECT_EQ(ReasonForChoice(fitted), "fits without error, the simplest of 7 kinds to do so");
+  EXPECT_EQ(report::ChoiceText(fitted.choice),
+            "fits without error, the simplest of 7 kinds to do so");
 }
 
 TEST(ModelChoice, KindAskedForIsTheOnlyOneTried) {
   const TableSeries series = Monthly(Seasons(60, 100));
-  const FittedSeries fitted = FitSeries(series, {.kind = FindKind("holt")});
+  const SeriesFit fitted = FitSeries(series.series, {.kind = FindKind("holt")});
   EXPECT_EQ(Tried(fitted), std::vector<std::string>{"holt"});
 }
 
 TEST(ModelChoice, ReasonNamesTheRunnerUp) {
   const KindInfo* simple = FindKind("simple");
   const KindInfo* holt = FindKind("holt");
-  FittedSeries fitted;
-  fitted.candidates = {{simple, true, "", {}, 2.5},
-                       {holt, true, "", {}, 1.25},
-                       {FindKind("brown"), false, "no", {}, 0}};
-  EXPECT_EQ(ReasonForChoice(fitted),
+  const Choice choice = ChoiceAmong(
+      {{simple, true, {}, 2.5}, {holt, true, {}, 1.25}, {FindKind("brown"), false, {"no", {}}, 0}});
+  EXPECT_EQ(report::ChoiceText(choice),
             "lowest normalised BIC of 2 kinds, 1.250; next simple with 2.500");
 }
 
 TEST(ModelChoice, ReasonForALoneKind) {
-  FittedSeries fitted;
-  fitted.candidates = {{FindKind("simple"), true, "", {}, 2.5}};
-  EXPECT_EQ(ReasonForChoice(fitted), "the only kind that goes with the series");
+  const Choice choice = ChoiceAmong({{FindKind("simple"), true, {}, 2.5}});
+  EXPECT_EQ(report::ChoiceText(choice), "the only kind that goes with the series");
 }
 
 // A series of 10 cases, so many of them zero.
@@ -147,87 +163,90 @@ TEST(Intermittent, NegativeCasesSpeakAgainstIt) {
 TEST(Intermittent, ThereIsNoDemandWhereAllIsZero) {
   const TableSeries series = Monthly(WithZeros(10));
   EXPECT_FALSE(CountZeros(series.series).intermittent);
-  EXPECT_STREQ(FitSeries(series, {}).kind->option, "simple");
+  EXPECT_STREQ(FitSeries(series.series, {}).kind->option, "simple");
 }
 
 TEST(Intermittent, GetsCrostonsMethodWithoutAComparison) {
   const TableSeries series = Monthly(WithZeros(4));
-  const FittedSeries fitted = FitSeries(series, {});
+  const SeriesFit fitted = FitSeries(series.series, {});
   EXPECT_EQ(Tried(fitted), std::vector<std::string>{"croston"});
   EXPECT_EQ(fitted.kind, &CrostonKind());
-  EXPECT_TRUE(fitted.model.IsEmpty());
-  EXPECT_EQ(ReasonForChoice(fitted),
+  EXPECT_EQ(fitted.model->Describe().name, "croston");
+  EXPECT_EQ(report::ChoiceText(fitted.choice),
             "intermittent demand: 4 of 10 cases are zero and none is negative; not compared with "
             "smoothing");
 }
 
 TEST(Intermittent, KindAskedForIsTaken) {
   const TableSeries series = Monthly(WithZeros(4));
-  EXPECT_EQ(Tried(FitSeries(series, {.kind = FindKind("holt")})), std::vector<std::string>{"holt"});
+  EXPECT_EQ(Tried(FitSeries(series.series, {.kind = FindKind("holt")})),
+            std::vector<std::string>{"holt"});
   const TableSeries busy = Monthly(WithZeros(0));
-  EXPECT_EQ(Tried(FitSeries(busy, {.kind = FindKind("croston")})),
+  EXPECT_EQ(Tried(FitSeries(busy.series, {.kind = FindKind("croston")})),
             std::vector<std::string>{"croston"});
 }
 
 TEST(Intermittent, SizesAreTransformedAlthoughZeroHasNoLogarithm) {
   const TableSeries series = Monthly(WithZeros(4));
-  const FittedSeries fitted = FitSeries(
-      series, {.kind = nullptr, .season_length = 0, .function_type = TSTransformation::kLogarithm});
+  const SeriesFit fitted = FitSeries(
+      series.series,
+      {.kind = nullptr, .season_length = 0, .function_type = TSTransformation::kLogarithm});
   ASSERT_EQ(fitted.kind, &CrostonKind());
-  EXPECT_EQ(fitted.croston.GetImp()->GetFunctionType(), TSTransformation::kLogarithm);
+  EXPECT_EQ(fitted.model->Describe().function_type, TSTransformation::kLogarithm);
 }
 
 TEST(HopelessSeries, NegativeDemandIsBlamed) {
   std::vector<double> values = WithZeros(4);
   values[6] = -2;
   const TableSeries series = Monthly(values);
-  const FittedSeries fitted = FitSeries(series, {.kind = FindKind("croston")});
+  const SeriesFit fitted = FitSeries(series.series, {.kind = FindKind("croston")});
   EXPECT_EQ(fitted.kind, nullptr);
-  EXPECT_EQ(fitted.fault, "-2: Croston's method needs values of at least 0");
-  EXPECT_EQ(fitted.fault_place, (text::Place{8, 9}));
+  EXPECT_EQ(fitted.fault.cause, "-2: Croston's method needs values of at least 0");
+  EXPECT_EQ(PlaceOf(fitted.fault.where, series.places), (text::Place{8, 9}));
 }
 
 TEST(HopelessSeries, NoDemandForCrostonsMethod) {
   const TableSeries series = Monthly(WithZeros(10));
-  const FittedSeries fitted = FitSeries(series, {.kind = FindKind("croston")});
-  EXPECT_EQ(fitted.fault, "the series has no demand: no value is above 0");
-  EXPECT_EQ(fitted.fault_place, (text::Place{2, 9}));
+  const SeriesFit fitted = FitSeries(series.series, {.kind = FindKind("croston")});
+  EXPECT_EQ(fitted.fault.cause, "the series has no demand: no value is above 0");
+  EXPECT_EQ(PlaceOf(fitted.fault.where, series.places), (text::Place{2, 9}));
 }
 
 TEST(HopelessSeries, ValueThatHasNoLogarithmIsBlamed) {
   std::vector<double> values = Seasons(40, 100);
   values[7] = 0;
   const TableSeries series = Monthly(values);
-  const FittedSeries fitted = FitSeries(series, {.kind = FindKind("simple"),
-                                                 .season_length = 0,
-                                                 .function_type = TSTransformation::kLogarithm});
+  const SeriesFit fitted =
+      FitSeries(series.series, {.kind = FindKind("simple"),
+                                .season_length = 0,
+                                .function_type = TSTransformation::kLogarithm});
   EXPECT_EQ(fitted.kind, nullptr);
-  EXPECT_EQ(fitted.fault, "0: the logarithm needs values above 0");
-  EXPECT_EQ(fitted.fault_place, (text::Place{9, 9}));
+  EXPECT_EQ(fitted.fault.cause, "0: the logarithm needs values above 0");
+  EXPECT_EQ(PlaceOf(fitted.fault.where, series.places), (text::Place{9, 9}));
 }
 
 TEST(HopelessSeries, ValueThatHasNoSquareRootIsBlamed) {
   std::vector<double> values = Seasons(40, 100);
   values[7] = -1;
   const TableSeries series = Monthly(values);
-  const FittedSeries fitted = FitSeries(
-      series,
+  const SeriesFit fitted = FitSeries(
+      series.series,
       {.kind = nullptr, .season_length = 0, .function_type = TSTransformation::kSquareRoot});
-  EXPECT_EQ(fitted.fault, "-1: the square root needs values of at least 0");
+  EXPECT_EQ(fitted.fault.cause, "-1: the square root needs values of at least 0");
 }
 
 TEST(HopelessSeries, TooShortASeriesIsBlamedAtItsFirstValue) {
   const TableSeries series = Monthly({1, 2});
-  const FittedSeries fitted = FitSeries(series, {});
+  const SeriesFit fitted = FitSeries(series.series, {});
   EXPECT_EQ(fitted.kind, nullptr);
-  EXPECT_EQ(fitted.fault, "the model needs 3 cases that are not missing, the series has 2");
-  EXPECT_EQ(fitted.fault_place, (text::Place{2, 9}));
+  EXPECT_EQ(fitted.fault.cause, "the model needs 3 cases that are not missing, the series has 2");
+  EXPECT_EQ(PlaceOf(fitted.fault.where, series.places), (text::Place{2, 9}));
 }
 
 TEST(HopelessSeries, SeasonsWithoutACalendarThatHasThem) {
   const TableSeries series = ReadSeries(Table("year,y\n1871,3\n1872,4\n1873,3\n"), {}).front();
-  const FittedSeries fitted = FitSeries(series, {.kind = FindKind("winters-additive")});
-  EXPECT_EQ(fitted.fault,
+  const SeriesFit fitted = FitSeries(series.series, ForCommand("winters-additive"));
+  EXPECT_EQ(fitted.fault.cause,
             "winters-additive needs a season, and yearly times have none; give its length with "
             "--season");
 }
@@ -236,16 +255,17 @@ TEST(HopelessSeries, SeasonsWithGaps) {
   std::string text = "date,y\n";
   for (int i = 0; i < 40; ++i) {
     if (i == 20) continue;
-    text += TimeText({TimeUnit::kMonth}, 24000 + i) + "," + std::to_string(i % 12 + 5) + "\n";
+    text +=
+        cli::TimeText({cli::TimeUnit::kMonth}, 24000 + i) + "," + std::to_string(i % 12 + 5) + "\n";
   }
-  SeriesOptions options;
+  cli::SeriesOptions options;
   options.skipped_as_gaps = true;
   const TableSeries series = ReadSeries(Table(text), options).front();
-  EXPECT_EQ(FitSeries(series, {.kind = FindKind("winters-additive")}).fault,
+  EXPECT_EQ(FitSeries(series.series, ForCommand("winters-additive")).fault.cause,
             "winters-additive has seasons, which gaps would shift; leave --gaps out or choose a "
             "model without");
-  EXPECT_EQ(FitSeries(series, {}).candidates.size(), 4U);
+  EXPECT_EQ(FitSeries(series.series, {}).candidates.size(), 4U);
 }
 
 }  // namespace
-}  // namespace tsx::cli
+}  // namespace tsx::models

@@ -4,14 +4,16 @@
 #include <tsfcore/ARMAMLForecastState.h>
 #include <tsfcore/ARMAMLSpForecastState.h>
 #include <tsfcore/MV.h>
+#include <tsffit/Arima.h>
 
-#include "cli/options/ArimaOptions.h"
 #include "cli/table/SeriesReader.h"
-#include "report/ArimaSummary.h"
+#include "models/arima/ArimaModel.h"
+#include "models/arima/ArimaRows.h"
+#include "report/EstimateText.h"
 #include "report/Summary.h"
 #include "support/Tables.h"
 
-namespace tsx::cli {
+namespace tsx::report {
 namespace {
 
 using test::Table;
@@ -20,10 +22,10 @@ using Strings = std::vector<std::string>;
 constexpr char kTable[] =
     "date,y,x\n2000-01,5,1\n2000-02,6,2\n2000-03,4,3\n2000-04,7,4\n2000-05,5,5\n";
 
-Series TestSeries() {
-  SeriesOptions options;
+models::Series TestSeries() {
+  cli::SeriesOptions options;
   options.columns.predictors = {"x"};
-  return ReadSeries(Table(kTable), options).front().series;
+  return cli::ReadSeries(Table(kTable), options).front().series;
 }
 
 ARMAMLForecastState StateOf(const AMModelSpec::Fields& spec, std::valarray<double> estimates,
@@ -31,6 +33,29 @@ ARMAMLForecastState StateOf(const AMModelSpec::Fields& spec, std::valarray<doubl
   return ARMAMLForecastState({.common = {.spec = AMModelSpec(spec),
                                          .estimates = std::move(estimates),
                                          .std_errors = std::move(errors)}});
+}
+
+Strings CoefficientTexts(const ARMAForecastState& state, const models::Series& series) {
+  return report::CoefficientTexts(
+      models::CoefficientRows(state, series),
+      "signs of Box and Jenkins: 1 - phi B, 1 - theta B, omega0 - omega1 B");
+}
+
+Strings PredictorTexts(const AMModelSpec& spec, const models::Series& series) {
+  Strings texts;
+  for (const models::Input& row : models::PredictorRows(spec, series)) {
+    texts.push_back(InputText(row));
+  }
+  return texts;
+}
+
+Strings OutlierTexts(const ARMAForecastState& state, const models::Series& series,
+                     std::size_t firstCase) {
+  Strings texts;
+  for (const models::Event& row : models::OutlierRows(state, series, firstCase)) {
+    texts.push_back(EventText(row));
+  }
+  return texts;
 }
 
 TEST(ArimaSummary, CoefficientsAreNamedByTheirLags) {
@@ -113,24 +138,26 @@ TEST(ArimaSummary, OutliersCountFromTheFirstCaseOfTheFit) {
 }
 
 TEST(ArimaSummary, MethodIsToldByTheState) {
-  EXPECT_EQ(ArimaMethodText(ARMAMLForecastState()), "exact maximum likelihood");
-  EXPECT_EQ(ArimaMethodText(ARMAMLSpForecastState()),
+  EXPECT_EQ(models::ArimaMethodName(ARMAMLForecastState()), "exact maximum likelihood");
+  EXPECT_EQ(models::ArimaMethodName(ARMAMLSpForecastState()),
             "exact maximum likelihood by the innovations algorithm");
-  EXPECT_EQ(ArimaMethodText(ARMACLSForecastState()), "conditional least squares");
+  EXPECT_EQ(models::ArimaMethodName(ARMACLSForecastState()), "conditional least squares");
 }
 
 // The fit of a line of numbers, as if its search had ended so.
 std::pair<std::string, std::string> SummaryOf(bool converged) {
   std::string text = "n,y\n";
   for (int i = 1; i <= 20; ++i) text += std::to_string(i) + "," + std::to_string(i * i % 7) + "\n";
-  const TableSeries series = ReadSeries(Table(text), {}).front();
-  ModelRequest request;
-  request.kind = &ArimaKind();
-  request.arima.orders = ParseArimaOrders("arima(1,0,0)");
-  FittedSeries fitted = FitSeries(series, request);
-  EXPECT_EQ(fitted.fault, "");
-  fitted.arima.converged = converged;
-  return {SummaryText(fitted, false), SummaryLine(fitted, false)};
+  const cli::TableSeries read = cli::ReadSeries(Table(text), {}).front();
+  tsffit::ArimaOptions options;
+  options.spec.has_constant = true;
+  options.spec.ar.non_seasonal = {1};
+  const tsffit::ArimaFit arima = tsffit::FitArima(read.series.values, {}, options);
+  EXPECT_EQ(arima.message, "");
+  models::SeriesFit fit;
+  fit.series = &read.series;
+  fit.model = std::make_unique<models::ArimaModel>(read.series, arima.model, converged, false);
+  return {SummaryText(fit), SummaryLine(fit)};
 }
 
 TEST(ArimaSummary, FitThatDidNotConvergeIsToldInBothForms) {
@@ -152,4 +179,4 @@ TEST(ArimaSummary, FitThatConvergedIsNoMatterForWarning) {
 }
 
 }  // namespace
-}  // namespace tsx::cli
+}  // namespace tsx::report

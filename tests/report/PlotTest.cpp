@@ -10,8 +10,17 @@
 #include "support/Tables.h"
 #include "times/Axes.h"
 
-namespace tsx::cli {
+namespace tsx::report {
 namespace {
+
+using cli::CsvTable;
+using cli::MakeTimeTicks;
+using cli::SeriesOptions;
+using cli::TableSeries;
+using cli::TimeTick;
+using models::DateAxis;
+using models::ModelRequest;
+using models::SeriesFit;
 
 using test::AxisOf;
 using test::Table;
@@ -87,12 +96,12 @@ TEST(TimeTicks, NumbersAreMarkedByRoundNumbers) {
             (Strings{"49:50", "99:100", "149:150"}));
 }
 
-std::vector<FittedSeries> FitTable(const CsvTable& table, std::vector<TableSeries>& series,
-                                   const SeriesOptions& options = {},
-                                   const ModelRequest& request = {}) {
-  series = ReadSeries(table, options);
-  std::vector<FittedSeries> fitted;
-  for (const TableSeries& one : series) fitted.push_back(FitSeries(one, request));
+std::vector<SeriesFit> FitTable(const CsvTable& table, std::vector<TableSeries>& series,
+                                const SeriesOptions& options = {},
+                                const ModelRequest& request = {}) {
+  series = cli::ReadSeries(table, options);
+  std::vector<SeriesFit> fitted;
+  for (const TableSeries& one : series) fitted.push_back(FitSeries(one.series, request));
   return fitted;
 }
 std::size_t Count(const std::string& text, const std::string& part) {
@@ -135,8 +144,8 @@ TEST(Plot, NamesAreEscaped) {
 
 TEST(Plot, HopelessSeriesHaveNoPanel) {
   std::vector<TableSeries> series;
-  std::vector<FittedSeries> fitted = FitTable(Table(kTwoSeries), series);
-  fitted[0].kind = nullptr;
+  std::vector<SeriesFit> fitted = FitTable(Table(kTwoSeries), series);
+  fitted[0].model.reset();
   EXPECT_EQ(Count(PlotText(fitted, 3), "<path class=\"series\""), 1U);
 }
 
@@ -161,4 +170,4 @@ TEST(Plot, ConstantUnderATransformationIsDrawn) {
 }
 
 }  // namespace
-}  // namespace tsx::cli
+}  // namespace tsx::report

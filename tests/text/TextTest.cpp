@@ -49,6 +49,16 @@ TEST(Quoted, TextOfFortyCharactersIsWhole) {
   EXPECT_EQ(Quoted(std::string(40, 'x')), "'" + std::string(40, 'x') + "'");
 }
 
+TEST(CsvWriting, CellsGetQuotesWhereTheyNeedThem) {
+  EXPECT_EQ(CsvField("plain"), "plain");
+  EXPECT_EQ(CsvField("a,b"), "\"a,b\"");
+  EXPECT_EQ(CsvField("a;b"), "\"a;b\"");
+  EXPECT_EQ(CsvField("say \"x\""), "\"say \"\"x\"\"\"");
+  EXPECT_EQ(CsvField(" x"), "\" x\"");
+  EXPECT_EQ(CsvField("\xEF\xBB\xBFx"), "\"\xEF\xBB\xBFx\"");  // or it would pass for a mark
+  EXPECT_EQ(CsvField(""), "");
+}
+
 TEST(NumberText, HasNoTrailingZeros) { EXPECT_EQ(NumberText(12.5), "12.5"); }
 TEST(NumberText, HasFifteenDigits) { EXPECT_EQ(NumberText(1.0 / 3), "0.333333333333333"); }
 TEST(NumberText, IgnoresTheLocale) {

@@ -6,6 +6,8 @@
 #include "cli/commands/FitOptions.h"
 #include "cli/options/ArimaOptions.h"
 #include "cli/options/Parser.h"
+#include "models/Croston.h"
+#include "models/arima/Arima.h"
 #include "support/Tables.h"
 
 namespace tsx::cli {
@@ -41,7 +43,7 @@ TEST(Options, DefaultsChooseAKindAndWriteNothing) {
   EXPECT_GE(options.jobs, 1U);
   EXPECT_EQ(options.output, "");
   EXPECT_EQ(options.plot, "");
-  EXPECT_EQ(options.format, DocumentFormat::kTscxml);
+  EXPECT_EQ(options.dialect, FindDialect("tscxml"));
   EXPECT_FALSE(options.gaps);
   EXPECT_FALSE(options.first_case_day);
 }
@@ -90,7 +92,7 @@ TEST(Options, EveryKindHasItsName) {
 }
 
 TEST(Options, CrostonIsAKindToo) {
-  EXPECT_EQ(Fit({"--model", "croston"}).model.kind, &CrostonKind());
+  EXPECT_EQ(Fit({"--model", "croston"}).model.kind, &models::CrostonKind());
 }
 
 TEST(Options, ArimaWithAllItsOptions) {
@@ -98,10 +100,10 @@ TEST(Options, ArimaWithAllItsOptions) {
       Fit({"--model", "arima([1,3],1,0)(0,1,1)", "--method", "cls", "--predictor", "lead:delay=3",
            "--predictor", "law", "--outlier", "level@1957-03", "--outlier", "additive@12",
            "--detect-outliers", "--constant", "--forecast", "3"});
-  const ArimaRequest& arima = options.model.arima;
-  EXPECT_EQ(options.model.kind, &ArimaKind());
+  const models::ArimaRequest& arima = options.model.arima;
+  EXPECT_EQ(options.model.kind, &models::ArimaKind());
   EXPECT_FALSE(LeavesChoice(options.model));
-  EXPECT_EQ(arima.orders.ar.non_seasonal, (Lags{1, 3}));
+  EXPECT_EQ(arima.orders.ar.non_seasonal, (models::Lags{1, 3}));
   EXPECT_EQ(arima.method, tsffit::ArimaMethod::kCls);
   ASSERT_EQ(arima.predictors.size(), 2U);
   EXPECT_EQ(arima.predictors[0].delay, 3U);
@@ -123,7 +125,7 @@ TEST(Options, ArimaDefaults) {
 
 TEST(Options, AutoArimaLeavesTheOrdersOpen) {
   const FitOptions options = Fit({"--model", "auto-arima", "--predictor", "x"});
-  EXPECT_EQ(options.model.kind, &ArimaKind());
+  EXPECT_EQ(options.model.kind, &models::ArimaKind());
   EXPECT_TRUE(options.model.arima.automatic);
   EXPECT_TRUE(LeavesChoice(options.model));
 }
@@ -142,8 +144,8 @@ TEST(Options, PmmlHasNoPlaceForArima) {
 }
 
 TEST(Options, FormatIsTscxmlOrPmml) {
-  EXPECT_EQ(Fit({"--format", "tscxml"}).format, DocumentFormat::kTscxml);
-  EXPECT_EQ(Fit({"--format", "pmml"}).format, DocumentFormat::kPmml);
+  EXPECT_EQ(Fit({"--format", "tscxml"}).dialect, FindDialect("tscxml"));
+  EXPECT_EQ(Fit({"--format", "pmml"}).dialect, FindDialect("pmml"));
   EXPECT_EQ(FitError({"--format", "xml"}), "--format: 'xml' is none of tscxml, pmml");
 }
 
@@ -156,7 +158,7 @@ TEST(Options, PmmlHasNoPlaceForCrostonOrATransformation) {
               "--transform: --format pmml has no place for it, so its readers would forecast "
               "wrongly; use --format tscxml");
   }
-  EXPECT_EQ(Fit({"--transform", "none", "--format", "pmml"}).format, DocumentFormat::kPmml);
+  EXPECT_EQ(Fit({"--transform", "none", "--format", "pmml"}).dialect, FindDialect("pmml"));
 }
 
 TEST(Options, VariableDoesNotSwallowTheFile) {

@@ -2,10 +2,15 @@
 
 #include "cli/options/ArimaArguments.h"
 #include "cli/options/ArimaOptions.h"
+#include "models/arima/OutlierTypes.h"
 #include "support/Tables.h"
 
 namespace tsx::cli {
 namespace {
+
+using models::ArimaOrders;
+using models::Lags;
+using models::PredictorRequest;
 
 using test::ErrorOf;
 
@@ -198,7 +203,7 @@ TEST(OutlierOption, EveryTypeHasItsName) {
       {"innovational", TSOutlierSpec::kInnovational}};
   for (const auto& [name, type] : types) {
     EXPECT_EQ(ParseOutlier(std::string(name) + "@1957-03").type, type);
-    EXPECT_EQ(OutlierTypeName(type), name);
+    EXPECT_STREQ(models::FindOutlierType(type)->name, name);
   }
 }
 

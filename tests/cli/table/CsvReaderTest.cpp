@@ -147,16 +147,6 @@ TEST(CsvError, Folder) {
   EXPECT_EQ(ErrorOf([] { ReadCsvFile("/"); }), "/: cannot be read: Is a directory");
 }
 
-TEST(CsvWriting, CellsGetQuotesWhereTheyNeedThem) {
-  EXPECT_EQ(CsvField("plain"), "plain");
-  EXPECT_EQ(CsvField("a,b"), "\"a,b\"");
-  EXPECT_EQ(CsvField("a;b"), "\"a;b\"");
-  EXPECT_EQ(CsvField("say \"x\""), "\"say \"\"x\"\"\"");
-  EXPECT_EQ(CsvField(" x"), "\" x\"");
-  EXPECT_EQ(CsvField("\xEF\xBB\xBFx"), "\"\xEF\xBB\xBFx\"");  // or it would pass for a mark
-  EXPECT_EQ(CsvField(""), "");
-}
-
 TEST(CsvWriting, EmptyRowOfOneCellIsStillARow) {
   const CsvTable table = Table("a\n1\n\"\"\n");
   EXPECT_EQ(CsvText(table), "a\n1\n\"\"\n");

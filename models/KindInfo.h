@@ -1,0 +1,16 @@
+#ifndef TSXPORT_MODELS_KINDINFO_H_
+#define TSXPORT_MODELS_KINDINFO_H_
+
+namespace tsx::models {
+
+// A kind of model as hosts name it. What tells the kinds of smoothing apart beyond that is in
+// kinds/SmoothingKind.h.
+struct KindInfo {
+  int kind;            // tells the kinds of a class apart: ESModelSpec::Kind of smoothing
+  const char* option;  // "winters-additive"; empty where a name alone is not enough
+  const char* title;   // for people
+};
+
+}  // namespace tsx::models
+
+#endif  // TSXPORT_MODELS_KINDINFO_H_
