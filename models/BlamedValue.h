@@ -5,7 +5,7 @@
 
 #include "models/Fault.h"
 #include "models/Series.h"
-#include "text/Text.h"
+#include "text/Numbers.h"
 
 namespace tsx::models {
 

@@ -7,6 +7,7 @@
 
 #include "models/BlamedValue.h"
 #include "models/EstimationFigures.h"
+#include "text/Words.h"
 
 namespace tsx::models {
 namespace {
@@ -61,7 +62,7 @@ class CrostonModel final : public FittedModel {
     rows.title = kKind.title;
     rows.function_type =
         model.GetForecastState(0).GetESModelSpec().GetYTransformSpec().GetFunctionType();
-    rows.basis = std::to_string(demands) + (demands == 1 ? " demand" : " demands");
+    rows.basis = text::Counted(demands, "demand");
     rows.estimates_are = Estimates::kWeights;
     rows.estimates = WeightsOf(model);
     rows.figures = {FitFigures(Estimation()), ResidualFigures(Estimation()),

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "text/Text.h"
+#include "text/Numbers.h"
 
 namespace tsx::report {
 namespace {

@@ -3,7 +3,10 @@
 #include <algorithm>
 
 #include "models/Transformation.h"
-#include "text/Text.h"
+#include "text/Numbers.h"
+#include "text/Quoting.h"
+#include "text/Utf8.h"
+#include "text/Words.h"
 
 namespace tsx::report {
 namespace {

@@ -3,7 +3,8 @@
 #include <cmath>
 #include <string_view>
 
-#include "text/Text.h"
+#include "text/Numbers.h"
+#include "text/Words.h"
 
 namespace tsx::report {
 namespace {

@@ -4,7 +4,8 @@
 
 #include <tsfcore/MV.h>
 
-#include "text/Text.h"
+#include "text/Numbers.h"
+#include "text/Quoting.h"
 
 namespace tsx::report {
 namespace {

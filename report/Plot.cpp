@@ -5,7 +5,6 @@
 #include "report/PlotPanel.h"
 #include "report/Svg.h"
 #include "report/TimeTicks.h"
-#include "text/Text.h"
 
 namespace tsx::report {
 namespace {

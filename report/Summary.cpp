@@ -8,7 +8,7 @@
 #include "report/ChoiceText.h"
 #include "report/EstimateText.h"
 #include "report/FigureText.h"
-#include "text/Text.h"
+#include "text/Words.h"
 
 namespace tsx::report {
 namespace {
@@ -27,10 +27,6 @@ std::string Lines(const std::string& label, const std::vector<std::string>& text
   return lines;
 }
 
-std::string Count(std::size_t count, const char* noun) {
-  return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
-}
-
 std::string SeriesText(const models::Series& series) {
   const models::DateAxis& axis = *series.axis;
   const auto missing = static_cast<std::size_t>(
@@ -38,9 +34,9 @@ std::string SeriesText(const models::Series& series) {
   const std::size_t gaps = axis.CaseCount() - series.cases.size();
   std::string text = series.variable + ", " + axis.name + " from " + axis.CaseText(0) + " to " +
                      axis.CaseText(axis.CaseCount() - 1) + ", " +
-                     Count(series.values.size(), "case");
+                     text::Counted(series.values.size(), "case");
   if (missing > 0) text += ", " + std::to_string(missing) + " missing";
-  if (gaps > 0) text += ", " + Count(gaps, "gap");
+  if (gaps > 0) text += ", " + text::Counted(gaps, "gap");
   return text;
 }
 

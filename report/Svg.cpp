@@ -1,6 +1,6 @@
 #include "report/Svg.h"
 
-#include "text/Text.h"
+#include "text/Numbers.h"
 
 namespace tsx::report {
 namespace {

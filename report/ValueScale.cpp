@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "text/Text.h"
+#include "text/Numbers.h"
 
 namespace tsx::report {
 namespace {

@@ -1,6 +1,6 @@
 #include "text/Place.h"
 
-#include "text/Text.h"
+#include "text/Quoting.h"
 
 namespace tsx::text {
 

@@ -12,7 +12,7 @@
 #include "cli/commands/Subcommand.h"
 #include "cli/options/HelpPages.h"
 #include "cli/options/Parser.h"
-#include "text/Text.h"
+#include "text/Quoting.h"
 
 namespace tsx::cli {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "cli/Errors.h"
 #include "models/Classes.h"
-#include "text/Text.h"
+#include "text/Quoting.h"
 
 namespace tsx::cli {
 namespace {

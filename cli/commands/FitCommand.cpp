@@ -15,7 +15,8 @@
 #include "report/ForecastTable.h"
 #include "report/Plot.h"
 #include "report/Summary.h"
-#include "text/Text.h"
+#include "text/Quoting.h"
+#include "text/Words.h"
 
 namespace tsx::cli {
 namespace {
@@ -116,8 +117,8 @@ std::string ReportText(const std::vector<SeriesFit>& fits, const FitOptions& opt
   }
   const std::size_t count = ModelCount(fits);
   if (!options.output.empty() && options.output != "-") {
-    told += "wrote " + text::Printable(options.output) + " (" + std::to_string(count) +
-            (count == 1 ? " model)\n" : " models)\n");
+    told +=
+        "wrote " + text::Printable(options.output) + " (" + text::Counted(count, "model") + ")\n";
   }
   if (!options.plot.empty()) {
     told += "wrote " + text::Printable(options.plot);

@@ -6,7 +6,8 @@
 #include "cli/options/TransformName.h"
 #include "cli/options/ValueReader.h"
 #include "models/arima/OutlierTypes.h"
-#include "text/Text.h"
+#include "text/Quoting.h"
+#include "text/Words.h"
 
 namespace tsx::cli {
 

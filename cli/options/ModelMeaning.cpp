@@ -7,7 +7,7 @@
 #include "cli/options/TransformName.h"
 #include "models/Classes.h"
 #include "models/arima/Arima.h"
-#include "text/Text.h"
+#include "text/Quoting.h"
 
 namespace tsx::cli {
 namespace {

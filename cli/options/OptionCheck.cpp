@@ -5,7 +5,9 @@
 #include <vector>
 
 #include "cli/Errors.h"
-#include "text/Text.h"
+#include "text/Quoting.h"
+#include "text/Utf8.h"
+#include "text/Words.h"
 
 namespace tsx::cli {
 namespace {

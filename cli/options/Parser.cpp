@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "cli/Errors.h"
-#include "text/Text.h"
+#include "text/Quoting.h"
 
 namespace tsx::cli {
 namespace {

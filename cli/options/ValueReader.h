@@ -7,7 +7,8 @@
 #include <string_view>
 
 #include "cli/options/NamedValue.h"
-#include "text/Text.h"
+#include "text/Quoting.h"
+#include "text/Words.h"
 
 namespace tsx::cli {
 

@@ -10,7 +10,7 @@
 #include <unistd.h>
 
 #include "cli/Errors.h"
-#include "text/Text.h"
+#include "text/Quoting.h"
 
 namespace tsx::cli {
 namespace {

@@ -7,7 +7,8 @@
 #include <string_view>
 
 #include "cli/table/NumberCell.h"
-#include "text/Text.h"
+#include "text/Quoting.h"
+#include "text/Words.h"
 #include "times/TimeForm.h"
 
 namespace tsx::cli {

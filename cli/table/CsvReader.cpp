@@ -9,7 +9,9 @@
 #include <system_error>
 #include <utility>
 
-#include "text/Text.h"
+#include "text/Quoting.h"
+#include "text/Utf8.h"
+#include "text/Words.h"
 
 namespace tsx::cli {
 namespace {

@@ -8,7 +8,7 @@
 
 #include <tsfcore/MV.h>
 
-#include "text/Text.h"
+#include "text/Quoting.h"
 
 namespace tsx::cli {
 namespace {

@@ -4,7 +4,8 @@
 #include <numeric>
 
 #include "cli/table/NumberCell.h"
-#include "text/Text.h"
+#include "text/Quoting.h"
+#include "text/Utf8.h"
 
 namespace tsx::cli {
 namespace {

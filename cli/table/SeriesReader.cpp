@@ -7,7 +7,9 @@
 #include <tsfcore/MV.h>
 
 #include "cli/table/PredictorFuture.h"
-#include "text/Text.h"
+#include "text/Quoting.h"
+#include "text/Utf8.h"
+#include "text/Words.h"
 
 namespace tsx::cli {
 namespace {

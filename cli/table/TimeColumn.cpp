@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "cli/table/NumberCell.h"
-#include "text/Text.h"
+#include "text/Quoting.h"
 
 namespace tsx::cli {
 namespace {

@@ -5,7 +5,8 @@
 #include "models/arima/ArimaFault.h"
 #include "models/arima/ArimaFitting.h"
 #include "models/arima/ArimaModel.h"
-#include "text/Text.h"
+#include "text/Numbers.h"
+#include "text/Quoting.h"
 
 namespace tsx::models {
 namespace {

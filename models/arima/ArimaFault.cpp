@@ -7,7 +7,9 @@
 
 #include "models/Transformation.h"
 #include "models/arima/OutlierTime.h"
-#include "text/Text.h"
+#include "text/Numbers.h"
+#include "text/Quoting.h"
+#include "text/Words.h"
 
 namespace tsx::models {
 namespace {
@@ -38,7 +40,7 @@ Fault FindLongReach(const Task& task) {
   const std::uint64_t reach = ReachOf(task.request.arima, task.season_length);
   const std::size_t cases = task.series.values.size();
   if (reach < cases) return {};
-  return {"the model needs more than " + std::to_string(reach) + (reach == 1 ? " case" : " cases") +
+  return {"the model needs more than " + text::Counted(reach, "case") +
               ", so far back do its lags reach; the series has " + std::to_string(cases),
           AtValue(0)};
 }
@@ -93,9 +95,9 @@ Fault ShortFuture(const Task& task, std::size_t p, unsigned needed) {
   const Predictor& predictor = task.series.predictors[p];
   const std::size_t known = predictor.future.size();
   return {std::string(task.request.words->horizon) + " " + std::to_string(task.request.horizon) +
-              " needs " + std::to_string(needed) + (needed == 1 ? " value" : " values") +
-              " of the predictor " + text::Quoted(predictor.name) + " after " +
-              axis.CaseText(axis.CaseCount() - 1) + ", where the series ends; " +
+              " needs " + text::Counted(needed, "value") + " of the predictor " +
+              text::Quoted(predictor.name) + " after " + axis.CaseText(axis.CaseCount() - 1) +
+              ", where the series ends; " +
               (known == 1 ? "there is 1" : "there are " + std::to_string(known)),
           {Where::Part::kFutureEnd, 0, p}};
 }

@@ -1,6 +1,6 @@
 #include "models/arima/ArimaRequest.h"
 
-#include "text/Text.h"
+#include "text/Quoting.h"
 
 namespace tsx::models {
 namespace {

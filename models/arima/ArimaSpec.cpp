@@ -6,7 +6,7 @@
 
 #include "models/Transformation.h"
 #include "models/arima/OutlierTime.h"
-#include "text/Text.h"
+#include "text/Words.h"
 
 namespace tsx::models {
 namespace {

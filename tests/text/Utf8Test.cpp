@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "support/ScopedLocale.h"
-#include "text/Text.h"
+#include "text/Utf8.h"
 
 namespace tsx::text {
 namespace {
@@ -25,6 +24,7 @@ TEST(CleanName, LettersOfAnyAlphabetAreClean) {
 TEST(CleanName, NoBreakSpaceIsClean) { EXPECT_TRUE(IsCleanName("a\xC2\xA0z")); }
 TEST(CleanName, TabIsAControlCharacter) { EXPECT_FALSE(IsCleanName("a\tb")); }
 TEST(CleanName, DeleteIsAControlCharacter) { EXPECT_FALSE(IsCleanName("a\x7F")); }
+
 TEST(CleanName, LastOfTheUpperControlCharactersIsNotClean) {
   EXPECT_FALSE(IsCleanName("a\xC2\x9F"));
 }
@@ -34,41 +34,6 @@ TEST(CleanName, NonCharacterForbiddenInXmlIsNotClean) {
   EXPECT_FALSE(IsCleanName("\xEF\xBF\xBF"));
   EXPECT_TRUE(IsCleanName("\xEF\xBF\xBD"));
 }
-
-TEST(Printable, ControlCharactersAndStrayBytesBecomeQuestionMarks) {
-  EXPECT_EQ(Printable("a\nb\x1B[0m\xFF\xC3\xA9"), "a?b?[0m?\xC3\xA9");
-}
-
-TEST(Quoted, LongTextIsCutBetweenCharacters) {
-  std::string text;
-  for (int i = 0; i < 50; ++i) text += "\xC3\xA9";
-  EXPECT_EQ(Quoted(text), "'" + text.substr(0, 80) + "...'");
-}
-
-TEST(Quoted, TextOfFortyCharactersIsWhole) {
-  EXPECT_EQ(Quoted(std::string(40, 'x')), "'" + std::string(40, 'x') + "'");
-}
-
-TEST(CsvWriting, CellsGetQuotesWhereTheyNeedThem) {
-  EXPECT_EQ(CsvField("plain"), "plain");
-  EXPECT_EQ(CsvField("a,b"), "\"a,b\"");
-  EXPECT_EQ(CsvField("a;b"), "\"a;b\"");
-  EXPECT_EQ(CsvField("say \"x\""), "\"say \"\"x\"\"\"");
-  EXPECT_EQ(CsvField(" x"), "\" x\"");
-  EXPECT_EQ(CsvField("\xEF\xBB\xBFx"), "\"\xEF\xBB\xBFx\"");  // or it would pass for a mark
-  EXPECT_EQ(CsvField(""), "");
-}
-
-TEST(NumberText, HasNoTrailingZeros) { EXPECT_EQ(NumberText(12.5), "12.5"); }
-TEST(NumberText, HasFifteenDigits) { EXPECT_EQ(NumberText(1.0 / 3), "0.333333333333333"); }
-TEST(NumberText, IgnoresTheLocale) {
-  const test::ScopedLocale german("de_DE.UTF-8");
-  const test::ScopedGroupingCxxLocale grouping;
-  EXPECT_EQ(NumberText(1234567.25), "1234567.25");
-  EXPECT_EQ(FixedText(1234567.25, 1), "1234567.2");
-}
-
-TEST(Joined, KeepsEmptyParts) { EXPECT_EQ(Joined({"", "a", ""}, ","), ",a,"); }
 
 }  // namespace
 }  // namespace tsx::text
