@@ -5,8 +5,8 @@
 #include <tsfcore/TSFCrModel.h>
 #include <tsffit/Croston.h>
 
-#include "models/BlamedValue.h"
 #include "models/EstimationFigures.h"
+#include "models/Refusal.h"
 #include "text/Words.h"
 
 namespace tsx::models {

@@ -6,7 +6,7 @@ namespace tsx::models {
 // A kind of model as hosts name it. What tells the kinds of smoothing apart beyond that is in
 // kinds/SmoothingKind.h.
 struct KindInfo {
-  int kind;            // tells the kinds of a class apart: ESModelSpec::Kind of smoothing
+  int kind;            // tells the kinds of its class apart: ESModelSpec::Kind of smoothing
   const char* option;  // "winters-additive"; empty where a name alone is not enough
   const char* title;   // for people
 };

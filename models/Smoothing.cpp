@@ -6,8 +6,8 @@
 #include <tsffit/Smoothing.h>
 
 #include "kinds/SmoothingKind.h"
-#include "models/BlamedValue.h"
 #include "models/EstimationFigures.h"
+#include "models/Refusal.h"
 
 namespace tsx::models {
 namespace {

@@ -1,5 +1,5 @@
-#ifndef TSXPORT_MODELS_BLAMEDVALUE_H_
-#define TSXPORT_MODELS_BLAMEDVALUE_H_
+#ifndef TSXPORT_MODELS_REFUSAL_H_
+#define TSXPORT_MODELS_REFUSAL_H_
 
 #include <tsffit/Smoothing.h>
 
@@ -23,4 +23,4 @@ Fault RefusalOf(const Series& series, const Fit& fit) {
 
 }  // namespace tsx::models
 
-#endif  // TSXPORT_MODELS_BLAMEDVALUE_H_
+#endif  // TSXPORT_MODELS_REFUSAL_H_
