@@ -10,9 +10,9 @@
 namespace tsx::models {
 namespace {
 
-constexpr SmoothingClass kSmoothing;
-constexpr CrostonClass kCroston;
-constexpr ArimaClass kArima;
+constinit const SmoothingClass kSmoothing;
+constinit const CrostonClass kCroston;
+constinit const ArimaClass kArima;
 
 constexpr const ModelClass* kClasses[] = {&kSmoothing, &kCroston, &kArima};
 

@@ -67,6 +67,11 @@ struct Claim {
 
 class ModelClass {
  public:
+  ModelClass() = default;
+  ModelClass(const ModelClass&) = delete;
+  ModelClass& operator=(const ModelClass&) = delete;
+  virtual ~ModelClass() = default;
+
   // What can be asked for, the simplest first; at least one kind. They live as long as the program.
   virtual std::span<const KindInfo> Kinds() const = 0;
 
@@ -87,9 +92,6 @@ class ModelClass {
   virtual std::optional<Claim> FindClaim(const Series& series) const;
   // ... and whether the kind is compared with others by its normalised BIC.
   virtual bool IsCompared(const KindInfo& kind, const ModelRequest& request) const;
-
- protected:
-  ~ModelClass() = default;  // classes are constants, and never destroyed through this
 };
 
 }  // namespace tsx::models

@@ -54,6 +54,7 @@ std::string Times(unsigned count) {
 
 std::string WeightsText(const std::vector<Estimate>& weights) {
   std::vector<std::string> texts;
+  texts.reserve(weights.size());
   for (const Estimate& weight : weights) {
     texts.push_back(weight.name + " " + text::FixedText(weight.value, 4) + " (" +
                     ErrorText(weight) + ")");
@@ -65,6 +66,7 @@ std::vector<std::string> CoefficientTexts(const std::vector<Estimate>& coefficie
                                           const std::string& convention) {
   if (coefficients.empty()) return {};
   std::vector<std::string> names;
+  names.reserve(coefficients.size());
   std::size_t width = 0;
   for (const Estimate& one : coefficients) {
     names.push_back(text::Printable(one.name));
