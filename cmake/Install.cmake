@@ -1,5 +1,5 @@
-# What `cmake --install` leaves: headers, libraries, the CMake packages tsfcore and tsxport, and
-# pkg-config files.
+# What `cmake --install` leaves: headers, libraries, the CMake packages tsfcore, tsxport and
+# tsxtimes, and pkg-config files.
 
 include(CMakePackageConfigHelpers)
 set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake")
@@ -32,6 +32,10 @@ install(DIRECTORY "${PROJECT_SOURCE_DIR}/include/tsxport"
 install(FILES "${PROJECT_BINARY_DIR}/generated/tsxport/Version.h"
         DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/tsxport")
 tsxport_install_package(tsxport)
+
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/include/tsxtimes"
+        DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
+tsxport_install_package(tsxtimes)
 
 if(TSXPORT_CORE STREQUAL "embedded")
   install(DIRECTORY "${PROJECT_SOURCE_DIR}/core/include/"

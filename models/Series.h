@@ -6,12 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "times/DateAxis.h"
+#include <tsxtimes/DateAxis.h>
 
 // Values and their calendar, wherever they came from.
 namespace tsx::models {
-
-using cli::DateAxis;
 
 // What helps to explain a series.
 struct Predictor {
@@ -22,10 +20,10 @@ struct Predictor {
 
 struct Series {
   std::string model_name;
-  std::string variable;                  // what was measured
-  std::shared_ptr<const DateAxis> axis;  // shared by series of the same times
-  std::vector<double> values;            // by case; MV::gMissingValue where there is none
-  std::vector<std::size_t> cases;        // the axis' case of each value
+  std::string variable;                            // what was measured
+  std::shared_ptr<const tsxtimes::DateAxis> axis;  // shared by series of the same times
+  std::vector<double> values;                      // by case; MV::gMissingValue where there is none
+  std::vector<std::size_t> cases;                  // the axis' case of each value
   std::vector<Predictor> predictors;
 };
 

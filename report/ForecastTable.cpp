@@ -18,7 +18,7 @@ std::string Cell(double value) {
 void AppendForecasts(std::string& table, const models::SeriesFit& fit, unsigned horizon) {
   const tsffit::Forecasts forecasts = fit.model->Forecast(horizon);
   const std::string name = text::CsvField(fit.series->model_name);
-  const models::DateAxis& axis = *fit.series->axis;
+  const tsxtimes::DateAxis& axis = *fit.series->axis;
   for (std::size_t h = 0; h < forecasts.value.size(); ++h) {
     table += name + "," + axis.CaseText(axis.CaseCount() + h) + Cell(forecasts.value[h]) +
              Cell(forecasts.lower[h]) + Cell(forecasts.upper[h]) + "\n";

@@ -122,10 +122,9 @@ class PanelDrawing {
   }
 
   std::string TimeAxis() const {
-    const models::DateAxis& dates = *panel_.fit->series->axis;
+    const tsxtimes::DateAxis& dates = *panel_.fit->series->axis;
     std::string axis = LineFromTo("axis", kLeft, kBottom, kRight, kBottom);
-    for (const cli::TimeTick& tick :
-         cli::MakeTimeTicks(dates, panel_.total_count, kCharactersAcross)) {
+    for (const TimeTick& tick : MakeTimeTicks(dates, panel_.total_count, kCharactersAcross)) {
       const double x = X(static_cast<double>(tick.at));
       axis += LineFromTo("axis", x, kBottom, x, kBottom + 5);
       axis += TextAt(x, kBottom + 22, "time", tick.label);

@@ -28,7 +28,7 @@ std::string Lines(const std::string& label, const std::vector<std::string>& text
 }
 
 std::string SeriesText(const models::Series& series) {
-  const models::DateAxis& axis = *series.axis;
+  const tsxtimes::DateAxis& axis = *series.axis;
   const auto missing = static_cast<std::size_t>(
       std::count(series.values.begin(), series.values.end(), MV::gMissingValue));
   const std::size_t gaps = axis.CaseCount() - series.cases.size();

@@ -4,8 +4,14 @@
 #include <cstdint>
 #include <span>
 
-namespace tsx::cli {
+namespace tsx::report {
 namespace {
+
+using tsxtimes::CivilDay;
+using tsxtimes::DateAxis;
+using tsxtimes::DayFromTick;
+using tsxtimes::kSecondsPerDay;
+using tsxtimes::TimeUnit;
 
 // A clock that counts something in steps of `multiple`, and how much of a case's text tells it.
 struct Granularity {
@@ -104,12 +110,9 @@ std::string LabelOf(const std::string& text, Count count) {
 // The ticks of the case before the first, and of the first `count` cases.
 std::vector<std::int64_t> TicksOf(const DateAxis& axis, std::size_t count) {
   std::vector<std::int64_t> ticks;
-  std::int64_t position = std::max<std::int64_t>(axis.first_position - axis.step, 0);
-  ticks.push_back(TickOfPosition(axis.scale, position));
-  for (std::size_t i = 0; i < count; ++i) {
-    position = axis.first_position + static_cast<std::int64_t>(i) * axis.step;
-    ticks.push_back(TickOfPosition(axis.scale, position));
-  }
+  ticks.reserve(count + 1);
+  const auto end = static_cast<std::int64_t>(count);
+  for (std::int64_t i = -1; i < end; ++i) ticks.push_back(axis.calendar.TickOfOffset(i));
   return ticks;
 }
 
@@ -138,7 +141,7 @@ std::vector<TimeTick> Labelled(const DateAxis& axis, const std::vector<std::size
 
 // The finest count worth marking: that of the axis' finest period.
 Count FinestCount(const DateAxis& axis) {
-  switch (axis.periods.back().type) {
+  switch (axis.FinestPeriod()) {
     case TSXDateSpec::Year:
       return Count::kYear;
     case TSXDateSpec::Quarter:
@@ -162,13 +165,13 @@ Count FinestCount(const DateAxis& axis) {
 std::vector<TimeTick> MakeTimeTicks(const DateAxis& axis, std::size_t count, std::size_t room) {
   constexpr std::size_t kSpace = 3;  // characters between two labels
   const std::vector<std::int64_t> ticks = TicksOf(axis, count);
-  const bool numbers = axis.form.unit == TimeUnit::kNumber;
+  const bool numbers = axis.Form().unit == TimeUnit::kNumber;
   const auto rows = numbers ? std::span<const Granularity>(kNumbers) : kTimes;
   const Count finest = FinestCount(axis);
   for (std::int64_t scale = 1; scale <= 1'000'000'000; scale *= 10) {
     for (const Granularity& by : rows) {
       if (by.count > finest) continue;
-      const std::vector<std::size_t> marks = Marks(axis.form.unit, ticks, by, scale);
+      const std::vector<std::size_t> marks = Marks(axis.Form().unit, ticks, by, scale);
       if (marks.empty()) continue;
       const std::size_t width = LabelOf(axis.CaseText(marks.back()), by.count).size() + kSpace;
       if (marks.size() * width <= room) return Labelled(axis, marks, by.count);
@@ -177,4 +180,4 @@ std::vector<TimeTick> MakeTimeTicks(const DateAxis& axis, std::size_t count, std
   return {};
 }
 
-}  // namespace tsx::cli
+}  // namespace tsx::report

@@ -27,7 +27,10 @@ ARROWS = {
     "export": {"export", "dialect", "dictionary", "xml"} | PUBLIC,  # and the dialects
     "objstream": {"objstream", "xml", "include"},
     "text": {"text"},
-    "times": {"times"} | PUBLIC,
+    "times": {"times"} | PUBLIC,  # its public headers, which is all that hosts see
+    "times/text": {"times/text", "times"},
+    "times/clock": {"times/clock", "times/text", "times"},
+    "times/axis": {"times/axis", "times/clock", "times/text", "times"} | PUBLIC,
     "models": {"models", "times", "text", "kinds", "core/include/tsffit"} | PUBLIC,
     "report": {"report", "models", "times", "text"} | PUBLIC,
     "cli": {"cli", "text"},  # the errors that end a run
@@ -78,6 +81,7 @@ def place_of_file(path):
         ("core/include/tsffit/", "core/include/tsffit"),
         ("core/src/", "core/src"),
         ("include/tsxport/", "include"),
+        ("include/tsxtimes/", "times"),
     ):
         if text.startswith(prefix):
             return room
@@ -94,7 +98,7 @@ def places_of_include(kind, target, source):
         if target.startswith("tsxport/"):
             name = target.split("/", 1)[1]
             return {"include", "include/xml"} if name in XML_HEADERS else {"include"}
-        return None
+        return {"times"} if target.startswith("tsxtimes/") else None
     if source.startswith("core/src") and not target.startswith("kinds/"):
         return {"core/src"}  # its include root is its own folder
     return {room_of_folder(target) or target}

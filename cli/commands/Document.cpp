@@ -6,14 +6,12 @@
 #include <tsxport/TSXMLTree.h>
 #include <tsxport/Version.h>
 
-#include "times/DateSpecMaker.h"
-
 namespace tsx::cli {
 namespace {
 
 int AddCalendar(TSXMLTree& tree, const models::Series& series, const DocumentOptions& options) {
-  const DateAxis& axis = *series.axis;
-  DateSpecOptions how;
+  const tsxtimes::DateAxis& axis = *series.axis;
+  tsxtimes::DateSpecOptions how;
   how.season_length = options.season_length;
   how.skipped_as_gaps = HasGaps(series);
   how.first_case_day = options.first_case_day;

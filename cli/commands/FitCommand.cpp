@@ -47,7 +47,7 @@ void CheckPaths(const FitOptions& options) {
 // What is asked of the calendar must be possible on every axis.
 void CheckAxes(const std::vector<TableSeries>& all, const FitOptions& options) {
   for (const auto& [series, places] : all) {
-    const DateAxis& axis = *series.axis;
+    const tsxtimes::DateAxis& axis = *series.axis;
     if (options.first_case_day && !axis.HasPeriod(TSXDateSpec::Day)) {
       throw UsageError("--first-case-day: the calendar of " + text::Quoted(series.model_name) +
                        " (" + axis.name + ") has no days");

@@ -140,7 +140,7 @@ OutlierRequest ParseOutlier(std::string_view text) {
   const std::size_t at = text.find('@');
   if (at == std::string_view::npos) in.Fail("there must be a '@' between type and time");
   const std::string_view timeText = text::Trimmed(text.substr(at + 1));
-  const ParsedTime time = ParseTime(timeText);
+  const tsxtimes::ParsedTime time = tsxtimes::ParseTime(timeText);
   OutlierRequest outlier;
   outlier.text = text;
   outlier.type = in.Named(models::kOutlierTypes, text::Trimmed(text.substr(0, at)));

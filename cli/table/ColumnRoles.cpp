@@ -6,10 +6,11 @@
 #include <map>
 #include <string_view>
 
+#include <tsxtimes/TimeValue.h>
+
 #include "cli/table/NumberCell.h"
 #include "text/Quoting.h"
 #include "text/Words.h"
-#include "times/TimeForm.h"
 
 namespace tsx::cli {
 namespace {
@@ -47,8 +48,8 @@ bool HasTimeName(const CsvTable& table, std::size_t column) {
 // Whether the first cell has the form of a time that is no plain number, be it an impossible one.
 bool LooksLikeTimes(const CsvTable& table, std::size_t column) {
   const std::string& first = table.rows.front()[column].text;
-  const ParsedTime time = ParseTime(first);
-  if (time.value) return time.value->form.unit != TimeUnit::kNumber;
+  const tsxtimes::ParsedTime time = tsxtimes::ParseTime(first);
+  if (time.value) return time.value->form.unit != tsxtimes::TimeUnit::kNumber;
   return !time.impossible.empty() && !IsNumberCell(table.rows.front()[column]);
 }
 
@@ -56,8 +57,8 @@ bool LooksLikeTimes(const CsvTable& table, std::size_t column) {
 bool IsRunningNumber(const CsvTable& table, std::size_t column, std::optional<std::size_t> id) {
   std::map<std::string, std::int64_t> last;
   for (const auto& row : table.rows) {
-    const ParsedTime time = ParseTime(row[column].text);
-    if (!time.value || time.value->form.unit != TimeUnit::kNumber) return false;
+    const tsxtimes::ParsedTime time = tsxtimes::ParseTime(row[column].text);
+    if (!time.value || time.value->form.unit != tsxtimes::TimeUnit::kNumber) return false;
     const auto [before, isFirst] = last.emplace(id ? row[*id].text : "", time.value->tick);
     if (!isFirst && time.value->tick <= before->second) return false;
     before->second = time.value->tick;
@@ -66,7 +67,7 @@ bool IsRunningNumber(const CsvTable& table, std::size_t column, std::optional<st
 }
 
 bool IsTimeOrNumber(const CsvCell& cell) {
-  return IsNumberCell(cell) || ParseTime(cell.text).value || IsMissingCell(cell);
+  return IsNumberCell(cell) || tsxtimes::ParseTime(cell.text).value || IsMissingCell(cell);
 }
 
 // The first case in the place of the names would be lost without a word. Row numbers have no name,

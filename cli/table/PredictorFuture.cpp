@@ -24,9 +24,9 @@ void CutPredictor(models::Predictor& predictor, PredictorPlaces& places,
 }
 
 // The axis of the cases up to `last`, one of those that have a row.
-std::shared_ptr<const DateAxis> CutAxis(DateAxis axis, std::size_t last) {
+std::shared_ptr<const tsxtimes::DateAxis> CutAxis(tsxtimes::DateAxis axis, std::size_t last) {
   std::erase_if(axis.row_cases, [last](std::size_t at) { return at > last; });
-  return std::make_shared<const DateAxis>(std::move(axis));
+  return std::make_shared<const tsxtimes::DateAxis>(std::move(axis));
 }
 
 }  // namespace

@@ -50,14 +50,14 @@ void SeriesReader::BeginGroup() {
   case_rows_ = FindCaseRows(group.rows, axis_->row_cases, skippedAsGaps);
 }
 
-std::shared_ptr<const DateAxis> SeriesReader::AxisOf(const RowGroup& group) const {
+std::shared_ptr<const tsxtimes::DateAxis> SeriesReader::AxisOf(const RowGroup& group) const {
   std::vector<std::int64_t> ticks(group.rows.size());
   std::iota(ticks.begin(), ticks.end(), std::int64_t{1});
   if (roles_.time) {
     CheckOrder(table_, *roles_.time, times_, group.rows);
     for (std::size_t i = 0; i < ticks.size(); ++i) ticks[i] = times_.ticks[group.rows[i]];
   }
-  return std::make_shared<const DateAxis>(MakeDateAxis(times_.form, ticks));
+  return std::make_shared<const tsxtimes::DateAxis>(tsxtimes::MakeDateAxis(times_.form, ticks));
 }
 
 TableSeries SeriesReader::ReadVariable(std::size_t column) {

@@ -47,7 +47,7 @@ class SeriesReader {
 
  private:
   void BeginGroup();
-  std::shared_ptr<const DateAxis> AxisOf(const RowGroup& group) const;
+  std::shared_ptr<const tsxtimes::DateAxis> AxisOf(const RowGroup& group) const;
   TableSeries ReadVariable(std::size_t column);
   std::string ModelName(const std::string& variable) const;
   void ReadColumn(std::size_t column, std::vector<double>& values,
@@ -61,10 +61,10 @@ class SeriesReader {
   const bool skipped_as_gaps_;
   const std::vector<RowGroup> groups_;
   NumberReader numbers_;
-  std::size_t group_ = 0;                 // the next series' place among the groups
-  std::size_t variable_ = 0;              // and its place among the variables
-  std::shared_ptr<const DateAxis> axis_;  // of that group
-  CaseRows case_rows_;                    // of that group
+  std::size_t group_ = 0;                           // the next series' place among the groups
+  std::size_t variable_ = 0;                        // and its place among the variables
+  std::shared_ptr<const tsxtimes::DateAxis> axis_;  // of that group
+  CaseRows case_rows_;                              // of that group
 };
 
 // Every series of the table, where all must be read before anything can be done with one.

@@ -8,9 +8,14 @@
 namespace tsx::cli {
 namespace {
 
+using tsxtimes::MayBeYear;
+using tsxtimes::ParsedTime;
+using tsxtimes::TimeUnit;
+using tsxtimes::TimeValue;
+
 TimeValue ReadTime(const CsvTable& table, const CsvCell& cell) {
   if (IsMissingCell(cell)) throw InputError(table.file, cell.place, "the time is missing");
-  const ParsedTime time = ParseTime(cell.text);
+  const ParsedTime time = tsxtimes::ParseTime(cell.text);
   if (time.value) return *time.value;
   if (!time.impossible.empty()) {
     throw InputError(table.file, cell.place, text::Quoted(cell.text) + ": " + time.impossible);
@@ -21,13 +26,11 @@ TimeValue ReadTime(const CsvTable& table, const CsvCell& cell) {
                        "2020-02-29 13:45)");
 }
 
-bool IsYear(const CsvCell& cell) {
-  return cell.text.size() == 4 && (cell.text[0] == '1' || cell.text[0] == '2');
-}
-
-bool AreYears(const CsvTable& table, std::size_t column) {
-  return std::all_of(table.rows.begin(), table.rows.end(),
-                     [column](const auto& row) { return IsYear(row[column]); });
+// `times` are numbers.
+bool AreYears(const CsvTable& table, std::size_t column, const TimeColumn& times) {
+  const auto hasFourDigits = [column](const auto& row) { return row[column].text.size() == 4; };
+  return std::all_of(times.ticks.begin(), times.ticks.end(), MayBeYear) &&
+         std::all_of(table.rows.begin(), table.rows.end(), hasFourDigits);
 }
 
 }  // namespace
@@ -40,12 +43,12 @@ TimeColumn ReadTimes(const CsvTable& table, std::size_t column) {
     if (times.ticks.empty()) times.form = time.form;
     if (time.form.unit != times.form.unit) {
       throw InputError(table.file, cell.place,
-                       text::Quoted(cell.text) + " is not " + FormName(times.form.unit) +
+                       text::Quoted(cell.text) + " is not " + tsxtimes::FormName(times.form.unit) +
                            " like the times above it");
     }
     times.ticks.push_back(time.tick);
   }
-  if (times.form.unit == TimeUnit::kNumber && AreYears(table, column)) {
+  if (times.form.unit == TimeUnit::kNumber && AreYears(table, column, times)) {
     times.form.unit = TimeUnit::kYear;
   }
   return times;

@@ -5,15 +5,16 @@
 #include <cstdint>
 #include <vector>
 
+#include <tsxtimes/TimeValue.h>
+
 #include "cli/table/CsvReader.h"
-#include "times/TimeForm.h"
 
 namespace tsx::cli {
 
 // The times of a table, one per row.
 struct TimeColumn {
-  TimeForm form;                    // of the first time; all have its unit
-  std::vector<std::int64_t> ticks;  // see TimeForm.h
+  tsxtimes::TimeForm form;          // of the first time; all have its unit
+  std::vector<std::int64_t> ticks;  // see tsxtimes::TimeValue
 };
 
 // Reads the column. Numbers that all have four digits and lie between 1000 and 2999 are years.

@@ -91,7 +91,7 @@ Fault FindImpossibleFuture(const Task& task) {
 }
 
 Fault ShortFuture(const Task& task, std::size_t p, unsigned needed) {
-  const DateAxis& axis = *task.series.axis;
+  const tsxtimes::DateAxis& axis = *task.series.axis;
   const Predictor& predictor = task.series.predictors[p];
   const std::size_t known = predictor.future.size();
   return {std::string(task.request.words->horizon) + " " + std::to_string(task.request.horizon) +
@@ -113,7 +113,7 @@ Fault FindShortFuture(const Task& task) {
 }
 
 Fault FindLostOutlier(const Task& task) {
-  const DateAxis& axis = *task.series.axis;
+  const tsxtimes::DateAxis& axis = *task.series.axis;
   for (const OutlierRequest& outlier : task.request.arima.outliers) {
     if (IndexOfOutlier(task.series, outlier)) continue;
     return {std::string(task.request.words->outlier) + " " + text::Quoted(outlier.text) +

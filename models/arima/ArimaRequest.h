@@ -9,9 +9,9 @@
 #include <tsfcore/TSOutlierSpec.h>
 #include <tsfcore/TSTransformation.h>
 #include <tsffit/Arima.h>
+#include <tsxtimes/TimeValue.h>
 
 #include "models/HostWords.h"
-#include "times/TimeForm.h"
 
 // What is asked of an ARIMA model, before it meets a series.
 namespace tsx::models {
@@ -44,7 +44,7 @@ struct PredictorRequest {
 struct OutlierRequest {
   std::string text;  // as it was given, for messages
   int type = TSOutlierSpec::kNone;
-  cli::TimeValue time;
+  tsxtimes::TimeValue time;
 };
 
 struct ArimaRequest {

@@ -18,7 +18,7 @@ inline tsx::models::Series HandMadeSeries(std::vector<double> values,
   tsx::models::Series series;
   series.model_name = "toy";
   series.variable = "sales";
-  series.axis = std::make_shared<const tsx::models::DateAxis>(
+  series.axis = std::make_shared<const tsxtimes::DateAxis>(
       AxisOf(Times(first, 1, static_cast<int>(values.size()))));
   series.cases.resize(values.size());
   std::iota(series.cases.begin(), series.cases.end(), std::size_t{0});

@@ -25,7 +25,7 @@ TableSeries Monthly(const std::vector<double>& values) {
   std::string text = "date,y\n";
   for (std::size_t i = 0; i < values.size(); ++i) {
     const std::string time =
-        cli::TimeText({cli::TimeUnit::kMonth}, 24000 + static_cast<std::int64_t>(i));
+        tsxtimes::TimeText({tsxtimes::TimeUnit::kMonth}, 24000 + static_cast<std::int64_t>(i));
     text += time + "," + std::to_string(values[i]) + "\n";
   }
   return ReadSeries(Table(text), {}).front();
@@ -255,8 +255,8 @@ TEST(HopelessSeries, SeasonsWithGaps) {
   std::string text = "date,y\n";
   for (int i = 0; i < 40; ++i) {
     if (i == 20) continue;
-    text +=
-        cli::TimeText({cli::TimeUnit::kMonth}, 24000 + i) + "," + std::to_string(i % 12 + 5) + "\n";
+    text += tsxtimes::TimeText({tsxtimes::TimeUnit::kMonth}, 24000 + i) + "," +
+            std::to_string(i % 12 + 5) + "\n";
   }
   cli::SeriesOptions options;
   options.skipped_as_gaps = true;

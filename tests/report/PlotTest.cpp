@@ -14,13 +14,11 @@ namespace tsx::report {
 namespace {
 
 using cli::CsvTable;
-using cli::MakeTimeTicks;
 using cli::SeriesOptions;
 using cli::TableSeries;
-using cli::TimeTick;
-using models::DateAxis;
 using models::ModelRequest;
 using models::SeriesFit;
+using tsxtimes::DateAxis;
 
 using test::AxisOf;
 using test::Table;
@@ -63,7 +61,7 @@ TEST(ValueScale, EqualValuesGetAScaleAroundThem) {
   EXPECT_LT(MakeValueScale(0, 0, 5).low, 0);
 }
 
-Strings TickLabels(const DateAxis& axis, std::size_t count, std::size_t room) {
+Strings TickLabels(const tsxtimes::DateAxis& axis, std::size_t count, std::size_t room) {
   Strings labels;
   for (const TimeTick& tick : MakeTimeTicks(axis, count, room)) {
     labels.push_back(std::to_string(tick.at) + ":" + tick.label);

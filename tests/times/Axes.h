@@ -5,27 +5,27 @@
 #include <string>
 #include <vector>
 
-#include "times/DateAxis.h"
-#include "times/TimeForm.h"
+#include <tsxtimes/DateAxis.h>
+#include <tsxtimes/TimeValue.h>
 
 namespace test {
 
 // The axis of times written as in a file; numbers of four digits are years.
-inline tsx::cli::DateAxis AxisOf(const std::vector<std::string>& texts) {
-  tsx::cli::TimeForm form = tsx::cli::ParseTime(texts.front()).value->form;
-  const bool year = form.unit == tsx::cli::TimeUnit::kNumber && texts.front().size() == 4;
-  if (year) form.unit = tsx::cli::TimeUnit::kYear;
+inline tsxtimes::DateAxis AxisOf(const std::vector<std::string>& texts) {
+  tsxtimes::TimeForm form = tsxtimes::ParseTime(texts.front()).value->form;
+  const bool year = form.unit == tsxtimes::TimeUnit::kNumber && texts.front().size() == 4;
+  if (year) form.unit = tsxtimes::TimeUnit::kYear;
   std::vector<std::int64_t> ticks;
-  for (const std::string& text : texts) ticks.push_back(tsx::cli::ParseTime(text).value->tick);
-  return tsx::cli::MakeDateAxis(form, ticks);
+  for (const std::string& text : texts) ticks.push_back(tsxtimes::ParseTime(text).value->tick);
+  return tsxtimes::MakeDateAxis(form, ticks);
 }
 
 // `count` times from the first on, `step` ticks apart, in the first one's form.
 inline std::vector<std::string> Times(const std::string& first, std::int64_t step, int count) {
-  const tsx::cli::TimeValue start = *tsx::cli::ParseTime(first).value;
+  const tsxtimes::TimeValue start = *tsxtimes::ParseTime(first).value;
   std::vector<std::string> texts;
   for (int i = 0; i < count; ++i) {
-    texts.push_back(tsx::cli::TimeText(start.form, start.tick + i * step));
+    texts.push_back(tsxtimes::TimeText(start.form, start.tick + i * step));
   }
   return texts;
 }

@@ -1,9 +1,10 @@
 #include <gtest/gtest.h>
 
-#include "Axes.h"
-#include "times/DateAxis.h"
+#include <tsxtimes/DateAxis.h>
 
-namespace tsx::cli {
+#include "Axes.h"
+
+namespace tsxtimes {
 namespace {
 
 using test::AxisOf;
@@ -17,16 +18,21 @@ constexpr const char* kTypeNames[] = {"Sequence", "Cycle", "Year",   "Quarter", 
 // "Year 1949 | Month/12 0 | by 1": each period with its cycle, the part used of it, and the first
 // case's index; then the increment.
 std::string Calendar(const DateAxis& axis) {
+  const TSXDateSpec& spec = axis.calendar.DateSpec();
+  const std::vector<unsigned> first = spec.FirstCaseIndex().GetIndexes();
   std::string text;
-  for (const AxisPeriod& period : axis.periods) {
-    text += kTypeNames[period.type];
-    if (period.cycle_length != 0) text += "/" + std::to_string(period.cycle_length);
-    if (period.length != 0) {
-      text += "[" + std::to_string(period.start) + "+" + std::to_string(period.length) + "]";
-    }
-    text += " " + std::to_string(period.first) + " | ";
+  for (unsigned i = 0; i < spec.PeriodCount(); ++i) {
+    TSXDateSpec::PeriodType type{};
+    unsigned cycleLength = 0;
+    unsigned start = 0;
+    unsigned length = 0;
+    spec.GetPeriod(i, type, cycleLength, start, length);
+    text += kTypeNames[type];
+    if (cycleLength != 0) text += "/" + std::to_string(cycleLength);
+    if (length != 0) text += "[" + std::to_string(start) + "+" + std::to_string(length) + "]";
+    text += " " + std::to_string(first[i]) + " | ";
   }
-  return text + "by " + std::to_string(axis.increment);
+  return text + "by " + std::to_string(spec.LowestIncrement());
 }
 
 // Weekdays from 2020-01-06, a Monday, on for `weeks` weeks; the offsets count from Monday.
@@ -309,4 +315,4 @@ TEST(DateAxis, CasesHaveTheTimesOfTheirRows) {
 }
 
 }  // namespace
-}  // namespace tsx::cli
+}  // namespace tsxtimes

@@ -1,9 +1,10 @@
 #include <gtest/gtest.h>
 
-#include "Axes.h"
-#include "times/DateSpecMaker.h"
+#include <tsxtimes/DateAxis.h>
 
-namespace tsx::cli {
+#include "Axes.h"
+
+namespace tsxtimes {
 namespace {
 
 using test::AxisOf;
@@ -94,11 +95,10 @@ TEST(DateSpecMaker, CalendarAndAxisAgreeOnEveryCase) {
       // The axis of the times from here on begins where the calendar has this case.
       const DateAxis rest = AxisOf({times.begin() + static_cast<std::ptrdiff_t>(i), times.end()});
       if (rest.name != axis.name) break;
-      std::vector<unsigned> indexes;
-      for (const AxisPeriod& period : rest.periods) indexes.push_back(period.first);
+      const std::vector<unsigned> indexes = rest.calendar.DateSpec().FirstCaseIndex().GetIndexes();
       const bool countsFromFirstDay =
-          axis.periods.size() == 1 && axis.form.unit == TimeUnit::kSecond;
-      const bool countsSteps = axis.form.unit == TimeUnit::kNumber;
+          axis.calendar.DateSpec().PeriodCount() == 1 && axis.Form().unit == TimeUnit::kSecond;
+      const bool countsSteps = axis.Form().unit == TimeUnit::kNumber;
       if (countsFromFirstDay || countsSteps) continue;
       EXPECT_EQ(spec.IndexTuple(static_cast<long>(axis.row_cases[i])).GetIndexes(), indexes)
           << times[i] << " " << axis.name;
@@ -107,4 +107,4 @@ TEST(DateSpecMaker, CalendarAndAxisAgreeOnEveryCase) {
 }
 
 }  // namespace
-}  // namespace tsx::cli
+}  // namespace tsxtimes

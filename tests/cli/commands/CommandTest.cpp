@@ -6,10 +6,11 @@
 #include <string>
 #include <vector>
 
+#include <tsxtimes/TimeValue.h>
+
 #include "CommandLine.h"
 #include "CommandTexts.h"
 #include "support/Golden.h"
-#include "times/TimeForm.h"
 
 namespace {
 
@@ -29,7 +30,7 @@ std::string MonthlyTable(int count, const std::vector<std::pair<int, std::string
     for (const auto& [at, other] : others) {
       if (at == i) value = other;
     }
-    text += tsx::cli::TimeText({tsx::cli::TimeUnit::kMonth}, 24000 + i) + "," + value + "\n";
+    text += tsxtimes::TimeText({tsxtimes::TimeUnit::kMonth}, 24000 + i) + "," + value + "\n";
   }
   return text;
 }
@@ -329,7 +330,7 @@ TEST(Variables, LongTableSharesCalendarsOfSeriesThatStartTogether) {
        {std::pair("a", 24000), std::pair("b", 24003), std::pair("c", 24000)}) {
     for (int i = 0; i < 12; ++i) {
       table += std::string(shop) + "," +
-               tsx::cli::TimeText({tsx::cli::TimeUnit::kMonth}, first + i) + "," +
+               tsxtimes::TimeText({tsxtimes::TimeUnit::kMonth}, first + i) + "," +
                std::to_string((i * 7) % 5) + "\n";
     }
   }
@@ -481,7 +482,7 @@ TEST(Jobs, OutputIsTheSameWhateverTheirNumber) {
   for (int id = 0; id < 9; ++id) {
     for (int i = 0; i < 40; ++i) {
       table += "s" + std::to_string(id) + "," +
-               tsx::cli::TimeText({tsx::cli::TimeUnit::kMonth}, 24000 + i) + "," +
+               tsxtimes::TimeText({tsxtimes::TimeUnit::kMonth}, 24000 + i) + "," +
                std::to_string(20 + i % 12 + (i * i * (id + 3)) % 11) + "\n";
     }
   }

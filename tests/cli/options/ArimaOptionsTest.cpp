@@ -210,7 +210,7 @@ TEST(OutlierOption, EveryTypeHasItsName) {
 TEST(OutlierOption, TimeHasTheFormsOfATable) {
   EXPECT_EQ(ParseOutlier("level@1899").time.tick, 1899);
   EXPECT_EQ(ParseOutlier("level @ 1957-03").time.tick, 1957 * 12 + 2);
-  EXPECT_EQ(ParseOutlier("level@2020-01-05 13:00").time.form.unit, TimeUnit::kSecond);
+  EXPECT_EQ(ParseOutlier("level@2020-01-05 13:00").time.form.unit, tsxtimes::TimeUnit::kSecond);
 }
 
 TEST(OutlierOptionError, NamesTheCause) {

@@ -28,16 +28,16 @@ std::string ReadError(const std::vector<std::string>& times) {
 }
 
 TEST(TimeColumn, NumbersOfFourDigitsAreYears) {
-  EXPECT_EQ(Read({"1871", "1872"}).form.unit, TimeUnit::kYear);
+  EXPECT_EQ(Read({"1871", "1872"}).form.unit, tsxtimes::TimeUnit::kYear);
   EXPECT_EQ(Read({"1871", "1872"}).ticks, (std::vector<std::int64_t>{1871, 1872}));
 }
 
 TEST(TimeColumn, NumbersOfWhichSomeHaveOtherLengthsAreRunningNumbers) {
-  EXPECT_EQ(Read({"999", "1000"}).form.unit, TimeUnit::kNumber);
+  EXPECT_EQ(Read({"999", "1000"}).form.unit, tsxtimes::TimeUnit::kNumber);
 }
 
 TEST(TimeColumn, NumbersFromThreeThousandOnAreRunningNumbers) {
-  EXPECT_EQ(Read({"3000", "3001"}).form.unit, TimeUnit::kNumber);
+  EXPECT_EQ(Read({"3000", "3001"}).form.unit, tsxtimes::TimeUnit::kNumber);
 }
 
 TEST(TimeColumn, SecondsMayBeLeftOutHereAndThere) {

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "times/TimeForm.h"
+#include <tsxtimes/TimeValue.h>
 
-namespace tsx::cli {
+namespace tsxtimes {
 namespace {
 
 std::int64_t TickOf(std::string_view text) {
@@ -99,4 +99,4 @@ TEST(CivilDays, DaysAndTicksAreInverseOverAnEraOfTheCalendar) {
 }
 
 }  // namespace
-}  // namespace tsx::cli
+}  // namespace tsxtimes
