@@ -40,7 +40,7 @@ ARROWS = {
     "cli/commands": {"cli/commands", "cli/options", "cli/table", "cli/system", "cli", "report",
                      "models", "times", "text", "core/include/tsffit"} | PUBLIC,
     "cli/main.cpp": {"cli/commands", "cli/system"},
-    "examples": {"examples", "core/include/tsffit"} | PUBLIC,
+    "examples": {"examples", "times", "core/include/tsffit"} | PUBLIC,
 }
 # Tests, benchmarks and fuzz targets may look everywhere.
 FREE = {"tests", "bench", "fuzz"}

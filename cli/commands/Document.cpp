@@ -5,6 +5,7 @@
 
 #include <tsxport/TSXMLTree.h>
 #include <tsxport/Version.h>
+#include <tsxtimes/DateAxis.h>
 
 namespace tsx::cli {
 namespace {

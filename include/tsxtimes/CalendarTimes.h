@@ -1,16 +1,19 @@
 #ifndef TSXTIMES_CALENDARTIMES_H_
 #define TSXTIMES_CALENDARTIMES_H_
 
-#include <array>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include <tsxport/TSXDateSpec.h>
 #include <tsxtimes/Export.h>
 #include <tsxtimes/TimeValue.h>
 
 namespace tsxtimes {
+
+class CalendarTimesImp;
 
 // What a calendar cannot say about the times of its cases. A calendar tells positions, "February
 // 2020"; that each case is written with its date, the last day of the month, is told by the anchor.
@@ -54,7 +57,9 @@ struct TimeAnchor {
 // Positions are told as TSXDateSpec tells them: a case is a case offset, the gaps of the calendar
 // squeezed out; an offset is a virtual one, gaps counted.
 //
-// A value; copies are deep. Const calls may run side by side. Nothing is thrown but std::bad_alloc.
+// A value that never changes: copies share what is behind it, and may be used on any threads. One
+// that has been moved from can only be destroyed or assigned to. Nothing is thrown but
+// std::bad_alloc.
 class TSXTIMES_EXPORT CalendarTimes {
  public:
   // The times of a calendar as a document holds it: the form is that of its finest period (dates
@@ -76,8 +81,9 @@ class TSXTIMES_EXPORT CalendarTimes {
   static std::optional<CalendarTimes> StartingAt(std::int64_t tick, const TSXDateSpec& spec,
                                                  const TimeAnchor& anchor);
 
-  const TSXDateSpec& DateSpec() const { return spec_; }
-  const TimeAnchor& Anchor() const { return anchor_; }
+  // Both live as long as any copy of this.
+  const TSXDateSpec& DateSpec() const;
+  const TimeAnchor& Anchor() const;
 
   // The time of a case, `i` counted from 0 at the first one. Cases go on after the last one that
   // anybody has observed.
@@ -93,29 +99,9 @@ class TSXTIMES_EXPORT CalendarTimes {
   std::optional<std::int64_t> OffsetOfTick(std::int64_t tick) const;
 
  private:
-  // What a position's indexes are worth, in months, seconds or numbers; 0 for a quarter that
-  // follows from the month behind it.
-  struct Weights {
-    std::array<std::int64_t, TSXDateSpec::TSXIndexTuple::kCapacity> of_index{};
-    unsigned count = 0;
-    std::int64_t origin = 0;  // where index 0 of the base lies
-    TSXDateSpec::PeriodType base = TSXDateSpec::SimpleSequence;
-  };
-  using Indexes = std::array<std::int64_t, TSXDateSpec::TSXIndexTuple::kCapacity>;
+  explicit CalendarTimes(std::shared_ptr<const CalendarTimesImp> imp) : imp_(std::move(imp)) {}
 
-  CalendarTimes(const TSXDateSpec& spec, const TimeAnchor& anchor, const Weights& weights);
-
-  static std::optional<Weights> WeightsOf(const TSXDateSpec& spec, std::int64_t stride);
-  bool IsOnePeriod() const { return weights_.count == 1; }
-  bool SetFirstCase(std::int64_t tick);
-  void CountDaysFromFirstCaseDay();
-  Indexes IndexesAt(std::int64_t distance) const;
-  std::int64_t StartOfOffset(std::int64_t offset) const;
-  std::optional<std::int64_t> OffsetAt(std::int64_t distance) const;
-
-  TSXDateSpec spec_;
-  TimeAnchor anchor_;
-  Weights weights_;
+  std::shared_ptr<const CalendarTimesImp> imp_;  // null once it has been moved from
 };
 
 }  // namespace tsxtimes

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <tsfcore/MV.h>
+#include <tsxtimes/TimeValue.h>
 
 #include "cli/options/CommandWords.h"
 #include "cli/table/SeriesReader.h"

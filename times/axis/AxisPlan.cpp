@@ -75,11 +75,11 @@ void PlanMonthsOfDates(AxisPlan& plan, const Ticks& ticks, std::int64_t ticksPer
   PlanYearParts(plan, months, kMonths);
 }
 
-AxisPeriod WeekdayPeriod(const WorkingTime& working) {
+Period WeekdayPeriod(const WorkingTime& working) {
   return {TSXDateSpec::Day, 7, working.first_weekday, working.weekdays < 7 ? working.weekdays : 0};
 }
 
-AxisPeriod HourPeriod(const WorkingTime& working) {
+Period HourPeriod(const WorkingTime& working) {
   return {TSXDateSpec::Hour, 24, working.first_hour, working.hours < 24 ? working.hours : 0};
 }
 

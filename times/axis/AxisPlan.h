@@ -5,26 +5,19 @@
 #include <string>
 #include <vector>
 
-#include <tsxport/TSXDateSpec.h>
 #include <tsxtimes/CalendarTimes.h>
 
-namespace tsxtimes {
+#include "times/axis/Periods.h"
 
-// A period as TSXDateSpec::AddPeriod() takes it; the base has no numbers.
-struct AxisPeriod {
-  TSXDateSpec::PeriodType type = TSXDateSpec::SimpleSequence;
-  unsigned cycle_length = 0;
-  unsigned start = 0;   // of the part of the cycle that occurs
-  unsigned length = 0;  // of that part; 0 for the whole cycle
-};
+namespace tsxtimes {
 
 // Which calendar times follow: all of an axis but where its cases lie.
 struct AxisPlan {
   std::string name;
-  std::vector<AxisPeriod> periods;  // coarsest first, at least one
-  std::int64_t increment = 1;       // units of the finest period from case to case
-  TimeAnchor anchor;                // its shift is not known yet
-  bool is_too_wide = false;         // see DateAxis; then there is one period
+  std::vector<Period> periods;  // coarsest first, at least one
+  std::int64_t increment = 1;   // units of the finest period from case to case
+  TimeAnchor anchor;            // its shift is not known yet
+  bool is_too_wide = false;     // see DateAxis; then there is one period
 };
 
 // Of strictly rising ticks, at least one. The rules stand in DateAxis.h.

@@ -1,6 +1,7 @@
 #include <tsxtimes/DateAxis.h>
 
 #include "times/axis/AxisPlan.h"
+#include "times/axis/Periods.h"
 #include "times/axis/Require.h"
 
 namespace tsxtimes {
@@ -9,7 +10,7 @@ namespace {
 TSXDateSpec SpecOf(const AxisPlan& plan) {
   TSXDateSpec spec(plan.periods.front().type);
   for (std::size_t i = 1; i < plan.periods.size(); ++i) {
-    const AxisPeriod& period = plan.periods[i];
+    const Period& period = plan.periods[i];
     const MCTime::MCStatus status =
         spec.AddPeriod(period.type, period.cycle_length, period.start, period.length);
     Require(!status.IsError(), "period");
@@ -26,15 +27,6 @@ CalendarTimes CalendarOf(AxisPlan& plan, std::int64_t firstTick) {
   const auto calendar = CalendarTimes::StartingAt(firstTick, SpecOf(plan), plan.anchor);
   Require(calendar.has_value(), "first case");
   return *calendar;
-}
-
-TSXDateSpec::PeriodType TypeOf(const TSXDateSpec& spec, unsigned i) {
-  TSXDateSpec::PeriodType type{};
-  unsigned cycleLength = 0;
-  unsigned start = 0;
-  unsigned length = 0;
-  spec.GetPeriod(i, type, cycleLength, start, length);
-  return type;
 }
 
 }  // namespace
@@ -73,14 +65,13 @@ CivilDay DateAxis::FirstDay() const {
 bool DateAxis::HasPeriod(TSXDateSpec::PeriodType type) const {
   const TSXDateSpec& spec = calendar.DateSpec();
   for (unsigned i = 0; i < spec.PeriodCount(); ++i) {
-    if (TypeOf(spec, i) == type) return true;
+    if (PeriodOf(spec, i).type == type) return true;
   }
   return false;
 }
 
 TSXDateSpec::PeriodType DateAxis::FinestPeriod() const {
-  const TSXDateSpec& spec = calendar.DateSpec();
-  return TypeOf(spec, spec.PeriodCount() - 1);
+  return FinestPeriodOf(calendar.DateSpec()).type;
 }
 
 std::string DateAxis::Fault() const {
