@@ -18,7 +18,7 @@ class CalendarTimesImp;
 // What a calendar cannot say about the times of its cases. A calendar tells positions, "February
 // 2020"; that each case is written with its date, the last day of the month, is told by the anchor.
 struct TimeAnchor {
-  TimeForm form;            // in which the times are told
+  TimeForm form = {};       // in which the times are told
   std::int64_t stride = 1;  // calendars of one period: units of it in one index
   // From where the first case's position begins to its time: months on calendars of years, quarters
   // and months, seconds on those of weeks to seconds, else numbers.

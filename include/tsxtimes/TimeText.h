@@ -43,14 +43,14 @@ struct TimeField {
 // Quarters, months and days count from 1, hours, minutes and seconds from 0. Fields that the form
 // does not have are 0.
 struct TimeFields {
-  TimeField number;
-  TimeField year;
-  TimeField quarter;
-  TimeField month;
-  TimeField day;
-  TimeField hour;
-  TimeField minute;
-  TimeField second;
+  TimeField number = {};
+  TimeField year = {};
+  TimeField quarter = {};
+  TimeField month = {};
+  TimeField day = {};
+  TimeField hour = {};
+  TimeField minute = {};
+  TimeField second = {};
 };
 
 // What a text looks like.

@@ -29,7 +29,7 @@ namespace tsxtimes {
 //   kSecond   seconds since the start of that day
 // Ticks are not negative, save where a function says so.
 struct TimeValue {
-  TimeForm form;
+  TimeForm form = {};
   std::int64_t tick = 0;
 };
 

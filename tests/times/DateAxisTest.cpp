@@ -280,6 +280,44 @@ TEST(DateAxis, LoneTimeHasACalendar) {
   EXPECT_EQ(Calendar(AxisOf({"2020-01-06 06:30"})), "Week 105347 | Day/7 1 | by 1");
 }
 
+TimeValue TimeOf(const char* text) { return *ParseTime(text).value; }
+
+TEST(DateAxisCaseOf, TimeInTheFormOfTheAxisIsItsCase) {
+  const DateAxis axis = AxisOf({"1949-11", "1949-12", "1950-02"});
+  EXPECT_EQ(axis.CaseOf(TimeOf("1949-12")), 1U);
+  EXPECT_EQ(axis.CaseOf(TimeOf("1950-01")), 2U);
+  EXPECT_EQ(axis.CaseOf(TimeOf("1950-05")), 6U);
+  EXPECT_EQ(axis.CaseOf(TimeOf("1949-10")), std::nullopt);
+}
+
+TEST(DateAxisCaseOf, TimeBetweenTwoCasesIsNone) {
+  EXPECT_EQ(AxisOf({"1871", "1873", "1877"}).CaseOf(TimeOf("1872")), std::nullopt);
+  EXPECT_EQ(AxisOf(WeekdaysOf(3, {0, 1, 2, 3, 4})).CaseOf(TimeOf("2020-01-11")), std::nullopt);
+}
+
+TEST(DateAxisCaseOf, NumberIsThatOfACaseFromOne) {
+  const DateAxis axis = AxisOf({"1949-11", "1949-12", "1950-02"});
+  EXPECT_EQ(axis.CaseOf(TimeOf("1")), 0U);
+  EXPECT_EQ(axis.CaseOf(TimeOf("3")), 2U);
+  EXPECT_EQ(axis.CaseOf(TimeOf("0")), std::nullopt);
+}
+
+TEST(DateAxisCaseOf, NumbersOfFourDigitsAreYearsWhereTheTimesAre) {
+  const DateAxis axis = AxisOf({"1871", "1872"});
+  EXPECT_EQ(axis.CaseOf(TimeOf("1872")), 1U);
+  EXPECT_EQ(axis.CaseOf(TimeOf("2")), 1U);
+  EXPECT_EQ(axis.CaseOf(TimeOf("3000")), 2999U);
+}
+
+TEST(DateAxisCaseOf, NumbersAreTimesWhereTheTimesAreNumbers) {
+  EXPECT_EQ(AxisOf({"10", "15", "20"}).CaseOf(TimeOf("15")), 1U);
+  EXPECT_EQ(AxisOf({"10", "15", "20"}).CaseOf(TimeOf("1")), std::nullopt);
+}
+
+TEST(DateAxisCaseOf, OtherFormsNameNoCase) {
+  EXPECT_EQ(AxisOf({"1949-11", "1949-12"}).CaseOf(TimeOf("1949-11-01")), std::nullopt);
+}
+
 TEST(DateAxisFault, TimesThatFillATenthOfTheCasesAreRegularEnough) {
   EXPECT_EQ(AxisOf({"1", "2", "30"}).Fault(), "");
 }

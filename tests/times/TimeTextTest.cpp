@@ -59,6 +59,40 @@ TEST(TimeForm, ImpossibleTimesAreTold) {
   EXPECT_EQ(FaultOf("99999999999"), "the number is too large to count cases by");
 }
 
+TEST(TimeForm, PlaceOfWhatIsImpossibleIsTold) {
+  EXPECT_EQ(ParseTime("1999-13").place, 5U);
+  EXPECT_EQ(ParseTime("0000-01").place, 0U);
+  EXPECT_EQ(ParseTime("1999-Q5").place, 6U);
+  EXPECT_EQ(ParseTime("2023-02-30").place, 8U);
+  EXPECT_EQ(ParseTime("2023-02-30 24:00").place, 11U);
+  EXPECT_EQ(ParseTime("2023-02-03 9:00:60").place, 16U);
+}
+
+TEST(TimeForm, PlaceWhereATextCeasesToBeATimeIsTold) {
+  EXPECT_EQ(ParseTime("1949/01").place, 4U);
+  EXPECT_EQ(ParseTime("1949-Qx").place, 6U);
+  EXPECT_EQ(ParseTime("1949-001").place, 5U);
+  EXPECT_EQ(ParseTime("2020-01-01 12").place, 13U);
+  EXPECT_EQ(ParseTime("2020-01-01 12:00 PM").place, 16U);
+  EXPECT_EQ(ParseTime("2020-01-01").place, 0U);
+}
+
+TEST(TimeForm, FieldsOfATextAreTold) {
+  const ScannedTime time = ScanTime("2020-02-31T13:45:07");
+  EXPECT_TRUE(time.is_time);
+  EXPECT_EQ(time.form.date_time_separator, 'T');
+  EXPECT_EQ(time.fields.day.value, 31);
+  EXPECT_EQ(time.fields.day.place, 8U);
+  EXPECT_EQ(time.fields.second.value, 7);
+  EXPECT_EQ(time.fields.second.place, 17U);
+}
+
+TEST(TimeForm, FieldsHaveATextInEveryForm) {
+  EXPECT_EQ(FieldsText({TimeUnit::kYear}, {.year = {871}}), "0871");
+  EXPECT_EQ(FieldsText({TimeUnit::kQuarter}, {.year = {1960}, .quarter = {4}}), "1960-Q4");
+  EXPECT_EQ(FieldsText({TimeUnit::kMonth}, {.year = {1949}, .month = {1}}), "1949-01");
+}
+
 TEST(TimeForm, LeapDaysExist) {
   EXPECT_TRUE(IsTime("2000-02-29"));
   EXPECT_TRUE(IsTime("2024-02-29"));
