@@ -42,7 +42,8 @@
 // January and February are both month 0, and with two-year steps 1871 is 1870. The axis keeps what
 // is lost so in the anchor of its calendar's times.
 //
-// An axis is a value. Const calls may run side by side.
+// An axis is a value, and a cheap one to copy but for its rows. Const calls may run side by side.
+// Nothing is thrown but std::bad_alloc, save where a function says so.
 namespace tsxtimes {
 
 struct TSXTIMES_EXPORT DateAxis {
@@ -76,7 +77,8 @@ struct TSXTIMES_EXPORT DateAxis {
 };
 
 // The axis of strictly rising ticks, at least one, of the form's unit; none is negative, and none
-// is beyond the year 9999 or the largest number that ParseTime() takes.
+// is beyond the year 9999 or the largest number that ParseTime() takes. Throws std::logic_error for
+// a tick that lies before the first one, or is negative.
 TSXTIMES_EXPORT DateAxis MakeDateAxis(const TimeForm& form, const std::vector<std::int64_t>& ticks);
 
 struct DateSpecOptions {

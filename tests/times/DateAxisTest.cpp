@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <stdexcept>
 
 #include <tsxtimes/DateAxis.h>
 
@@ -278,6 +279,11 @@ TEST(DateAxis, LoneTimeHasACalendar) {
   EXPECT_EQ(Calendar(AxisOf({"1949-05"})), "Year 1949 | Month/12 4 | by 1");
   EXPECT_EQ(Calendar(AxisOf({"2020-01-06"})), "Week 105347 | Day/7 1 | by 1");
   EXPECT_EQ(Calendar(AxisOf({"2020-01-06 06:30"})), "Week 105347 | Day/7 1 | by 1");
+}
+
+TEST(DateAxis, TimesBeforeTheFirstAreTheCallersMistake) {
+  EXPECT_THROW(MakeDateAxis({TimeUnit::kMonth}, {24001, 24000}), std::logic_error);
+  EXPECT_THROW(MakeDateAxis({TimeUnit::kDay}, {-3, -2}), std::logic_error);
 }
 
 TimeValue TimeOf(const char* text) { return *ParseTime(text).value; }

@@ -89,7 +89,7 @@ DateAxis MakeDateAxis(const TimeForm& form, const std::vector<std::int64_t>& tic
   axis.row_cases.reserve(ticks.size());
   for (const std::int64_t tick : ticks) {
     const std::optional<std::int64_t> at = calendar.OffsetOfTick(tick);
-    Require(at.has_value(), "time");
+    Require(at && *at >= 0, "time");
     axis.row_cases.push_back(static_cast<std::size_t>(*at));
   }
   return axis;
