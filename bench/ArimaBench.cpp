@@ -9,8 +9,8 @@
 #include <tsfcore/tsfcore.h>
 #include <tsffit/Arima.h>
 
-#include "arima/Design.h"
-#include "arima/Likelihood.h"
+#include "arima/fit/Likelihood.h"
+#include "arima/model/Design.h"
 #include "bench/Passengers.h"
 
 namespace {

@@ -9,9 +9,9 @@
 #include "ArimaSeries.h"
 #include "DenseLikelihood.h"
 #include "TestSeries.h"
-#include "arima/Design.h"
-#include "arima/Effects.h"
-#include "smoothing/Transform.h"
+#include "arima/model/Design.h"
+#include "arima/model/Effects.h"
+#include "series/Transform.h"
 
 namespace tsffit {
 namespace {

@@ -8,8 +8,8 @@
 #include "ArimaSeries.h"
 #include "DenseLikelihood.h"
 #include "TestSeries.h"
-#include "arima/Design.h"
-#include "arima/Effects.h"
+#include "arima/model/Design.h"
+#include "arima/model/Effects.h"
 
 namespace tsffit {
 namespace {

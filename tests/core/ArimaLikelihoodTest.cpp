@@ -11,11 +11,11 @@
 #include "ArimaSeries.h"
 #include "DenseLikelihood.h"
 #include "TestSeries.h"
-#include "arima/Design.h"
-#include "arima/Effects.h"
-#include "arima/Likelihood.h"
-#include "arima/NoiseFilter.h"
-#include "arima/StateSpace.h"
+#include "arima/filter/NoiseFilter.h"
+#include "arima/filter/StateSpace.h"
+#include "arima/fit/Likelihood.h"
+#include "arima/model/Design.h"
+#include "arima/model/Effects.h"
 
 namespace tsffit {
 namespace {

@@ -3,10 +3,10 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
-#include "arima/Autocovariance.h"
-#include "arima/Effects.h"
-#include "arima/Polynomial.h"
-#include "arima/SearchSpace.h"
+#include "arima/fit/SearchSpace.h"
+#include "arima/model/Effects.h"
+#include "math/Autocovariance.h"
+#include "math/Polynomial.h"
 
 namespace tsffit {
 namespace {

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "arima/Polynomial.h"
+#include "math/Polynomial.h"
 
 namespace test {
 

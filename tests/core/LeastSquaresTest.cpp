@@ -6,8 +6,8 @@
 
 #include "TestSeries.h"
 #include "smoothing/ComponentSolve.h"
-#include "smoothing/LeastSquares.h"
 #include "smoothing/Minimise.h"
+#include "smoothing/SmoothingProblem.h"
 
 namespace tsffit {
 namespace {

@@ -6,8 +6,8 @@
 #include <gtest/gtest.h>
 
 #include "TestSeries.h"
-#include "stats/FitStatistics.h"
-#include "stats/LjungBox.h"
+#include "series/FitStatistics.h"
+#include "series/LjungBox.h"
 
 namespace tsffit {
 namespace {

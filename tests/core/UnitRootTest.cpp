@@ -6,8 +6,8 @@
 #include <tsfcore/MV.h>
 
 #include "TestSeries.h"
-#include "arima/Stl.h"
-#include "arima/UnitRoots.h"
+#include "arima/orders/Stl.h"
+#include "arima/orders/UnitRoots.h"
 
 namespace {
 

@@ -5,8 +5,8 @@
 #include <tsffit/Croston.h>
 
 #include "croston/SimpleWeight.h"
-#include "smoothing/Transform.h"
-#include "stats/FitStatistics.h"
+#include "series/FitStatistics.h"
+#include "series/Transform.h"
 
 namespace tsffit {
 

@@ -4,8 +4,8 @@
 
 #include <tsffit/Croston.h>
 
-#include "smoothing/Transform.h"
-#include "stats/ConfidenceWidth.h"
+#include "series/ConfidenceWidth.h"
+#include "series/Transform.h"
 
 namespace tsffit {
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "series/Transform.h"
 #include "smoothing/Kind.h"
-#include "smoothing/Transform.h"
 
 namespace tsffit {
 

@@ -4,7 +4,7 @@
 #include <span>
 #include <vector>
 
-#include "smoothing/LeastSquares.h"
+#include "smoothing/SmoothingProblem.h"
 
 namespace tsffit {
 

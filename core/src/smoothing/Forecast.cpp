@@ -1,4 +1,4 @@
-#include "arima/Forecast.h"
+#include "arima/forecast/Forecast.h"
 
 #include <algorithm>
 #include <cmath>
@@ -7,9 +7,9 @@
 #include <tsfcore/ESForecastState.h>
 #include <tsffit/Forecast.h>
 
+#include "series/ConfidenceWidth.h"
+#include "series/Transform.h"
 #include "smoothing/Recursion.h"
-#include "smoothing/Transform.h"
-#include "stats/ConfidenceWidth.h"
 
 namespace tsffit {
 

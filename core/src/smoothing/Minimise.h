@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "smoothing/LeastSquares.h"
+#include "smoothing/SmoothingProblem.h"
 
 namespace tsffit {
 

@@ -6,12 +6,12 @@
 #include <tsfcore/ESForecastState.h>
 #include <tsffit/Smoothing.h>
 
+#include "series/FitStatistics.h"
+#include "series/Transform.h"
 #include "smoothing/Check.h"
 #include "smoothing/Scale.h"
 #include "smoothing/Search.h"
 #include "smoothing/StdErrors.h"
-#include "smoothing/Transform.h"
-#include "stats/FitStatistics.h"
 
 namespace tsffit {
 

@@ -1,0 +1,22 @@
+#ifndef TSFFIT_ARIMA_FIT_CHECK_H_
+#define TSFFIT_ARIMA_FIT_CHECK_H_
+
+#include <span>
+#include <string>
+#include <vector>
+
+#include <tsffit/Arima.h>
+
+namespace tsffit {
+
+// Fills status, message and the place to blame with the first reason against the fit. True when
+// there is none.
+bool CheckArima(std::span<const double> series, std::span<const std::vector<double>> predictors,
+                const ArimaOptions& options, ArimaFit& fit);
+
+// Writes a refusal into `fit`; always false.
+bool RefuseArima(ArimaFit& fit, FitStatus status, std::string message);
+
+}  // namespace tsffit
+
+#endif  // TSFFIT_ARIMA_FIT_CHECK_H_
