@@ -10,8 +10,8 @@
 #include <tsfcore/AMModelSpec.h>
 #include <tsfcore/Export.h>
 #include <tsfcore/TSFModel.h>
+#include <tsffit/FitStatus.h>
 #include <tsffit/Forecast.h>
-#include <tsffit/Smoothing.h>
 
 // ARIMA models with transfer functions and outliers, fitted by the embedded core.
 //

@@ -9,8 +9,8 @@
 
 #include <tsfcore/Export.h>
 #include <tsfcore/TSFCrModel.h>
+#include <tsffit/FitStatus.h>
 #include <tsffit/Forecast.h>
-#include <tsffit/Smoothing.h>
 
 // Croston's method for intermittent demand: series in which most cases may be zero.
 // Croston, J. D. (1972), "Forecasting and stock control for intermittent demands", Operational

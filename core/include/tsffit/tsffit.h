@@ -6,6 +6,7 @@
 #include <tsffit/Arima.h>
 #include <tsffit/AutoArima.h>
 #include <tsffit/Croston.h>
+#include <tsffit/FitStatus.h>
 #include <tsffit/Forecast.h>
 #include <tsffit/Outliers.h>
 #include <tsffit/Smoothing.h>
