@@ -1,11 +1,14 @@
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <utility>
 
 #include <tsffit/Croston.h>
 
 #include "croston/SimpleWeight.h"
 #include "series/FitStatistics.h"
+#include "series/Observed.h"
+#include "series/Refusal.h"
 #include "series/Transform.h"
 
 namespace tsffit {
@@ -14,25 +17,15 @@ namespace {
 
 constexpr std::size_t kEnoughDemands = 4;
 
-// Differences of larger values are no longer numbers.
-constexpr double kLargest = 1e300;
-
-bool IsDemand(double y) { return y != MV::gMissingValue && y > 0; }
-
-bool Refuse(CrostonFit& fit, FitStatus status, const char* message, std::size_t badCase = 0) {
-  fit.status = status;
-  fit.message = message;
-  fit.bad_case = badCase;
-  return false;
-}
+bool IsDemand(double y) { return !IsMissing(y) && y > 0; }
 
 bool IsWeight(const std::optional<double>& weight) {
   return !weight || (*weight >= 0 && *weight <= 1);
 }
 
 bool CheckOptions(const CrostonOptions& options, CrostonFit& fit) {
-  if (!IsTransformation(options.function_type)) {
-    return Refuse(fit, FitStatus::kBadOptions, "no such transformation");
+  if (auto fault = NoSuchTransformation(options.function_type)) {
+    return Refuse(fit, std::move(*fault));
   }
   if (!IsWeight(options.size_weight) || !IsWeight(options.interval_weight) ||
       !IsWeight(options.error_weight)) {
@@ -41,25 +34,21 @@ bool CheckOptions(const CrostonOptions& options, CrostonFit& fit) {
   return true;
 }
 
-bool CheckValue(double y, std::size_t at, CrostonFit& fit) {
-  if (!std::isfinite(y)) return Refuse(fit, FitStatus::kNotFinite, "a value is not finite", at);
-  if (std::abs(y) > kLargest) {
-    return Refuse(fit, FitStatus::kNotFinite, "a value is too large to calculate with", at);
-  }
-  if (y >= 0) return true;
-  return Refuse(fit, FitStatus::kNegative, "Croston's method needs values of at least 0", at);
+std::optional<Fault> ValueFault(double y) {
+  if (auto fault = NotFinite(y)) return fault;
+  if (auto fault = TooLarge(y, kLargestValue)) return fault;
+  if (y >= 0) return std::nullopt;
+  return Fault{FitStatus::kNegative, "Croston's method needs values of at least 0"};
 }
 
 bool CheckSeries(std::span<const double> series, CrostonFit& fit) {
-  bool observed = false;
   for (std::size_t t = 0; t < series.size(); ++t) {
-    if (series[t] == MV::gMissingValue) continue;
-    observed = true;
-    if (!CheckValue(series[t], t, fit)) return false;
+    auto fault = IsMissing(series[t]) ? std::nullopt : ValueFault(series[t]);
+    if (!fault) continue;
+    fit.bad_case = t;
+    return Refuse(fit, std::move(*fault));
   }
-  if (!observed) {
-    return Refuse(fit, FitStatus::kTooShort, "the series has no case that is not missing");
-  }
+  if (FirstObserved(series) == series.size()) return Refuse(fit, NothingObserved());
   if (std::none_of(series.begin(), series.end(), IsDemand)) {
     return Refuse(fit, FitStatus::kNoDemand, "the series has no demand: no value is above 0");
   }
@@ -76,7 +65,7 @@ Demands FindDemands(std::span<const double> span, int functionType) {
   Demands demands;
   double interval = 0;
   for (const double y : span) {
-    if (y == MV::gMissingValue) continue;
+    if (IsMissing(y)) continue;
     ++interval;
     if (!IsDemand(y)) continue;
     demands.sizes.push_back(Transformed(functionType, y));
@@ -138,7 +127,7 @@ class Fitter {
   std::vector<double> Errors(const std::vector<double>& rates) const {
     std::vector<double> errors(span_.begin(), span_.end());
     for (std::size_t t = 0; t < errors.size(); ++t) {
-      if (errors[t] != MV::gMissingValue) errors[t] -= rates[t];
+      if (!IsMissing(errors[t])) errors[t] -= rates[t];
     }
     return errors;
   }
@@ -147,7 +136,7 @@ class Fitter {
     std::vector<double> absolute;
     absolute.reserve(errors.size());
     for (const double error : errors) {
-      if (error != MV::gMissingValue) absolute.push_back(std::abs(error));
+      if (!IsMissing(error)) absolute.push_back(std::abs(error));
     }
     return absolute;
   }
@@ -187,8 +176,7 @@ class Fitter {
 CrostonFit FitCroston(std::span<const double> series, const CrostonOptions& options) {
   CrostonFit fit;
   if (!CheckOptions(options, fit) || !CheckSeries(series, fit)) return fit;
-  std::size_t first = 0;
-  while (series[first] == MV::gMissingValue) ++first;
+  const std::size_t first = FirstObserved(series);
   Fitter(series.subspan(first), options).Run(first, fit);
   return fit;
 }

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "series/Observed.h"
+
 namespace tsffit {
 
 bool IsTransformation(int functionType) {
@@ -11,6 +13,14 @@ bool IsTransformation(int functionType) {
 double Transformed(int functionType, double y) {
   if (functionType == TSTransformation::kLogarithm) return std::log(y);
   return functionType == TSTransformation::kSquareRoot ? std::sqrt(y) : y;
+}
+
+std::vector<double> ModelledSeries(std::span<const double> series, int functionType) {
+  std::vector<double> modelled(series.begin(), series.end());
+  for (double& y : modelled) {
+    if (!IsMissing(y)) y = Transformed(functionType, y);
+  }
+  return modelled;
 }
 
 double Untransformed(int functionType, double z) {

@@ -4,21 +4,11 @@
 #include <cmath>
 #include <cstddef>
 #include <span>
-#include <vector>
 
-#include <tsfcore/MV.h>
-
-#include "smoothing/Kind.h"
+#include "series/Observed.h"
+#include "smoothing/Components.h"
 
 namespace tsffit {
-
-// Level, trend and seasonal values at one moment. `season` has one value per position of the
-// cycle; position 0 is that of the first case of the fit. Empty without a season.
-struct Components {
-  double level = 0;
-  double trend = 0;
-  std::vector<double> season;
-};
 
 // The region of a multiplicative model, for a series of mean 1: seasonal factors stay above the
 // first bound, and the trend line (level + damping * trend), by which the recursion divides, stays
@@ -86,7 +76,7 @@ bool Walk(std::span<const double> series, const Gains& gains, Components& compon
     const double s = kSeason == Season::kNone ? 0 : components.season[position];
     if (!OneStep::Allows(q, s)) return false;
     onCase(t, OneStep::Forecast(q, s));
-    if (series[t] == MV::gMissingValue) {
+    if (IsMissing(series[t])) {
       OneStep::Pass(components, gains, q);
     } else {
       OneStep::Correct(components, gains, position, q, series[t]);

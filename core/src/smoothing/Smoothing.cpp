@@ -7,9 +7,10 @@
 #include <tsffit/Smoothing.h>
 
 #include "series/FitStatistics.h"
+#include "series/Observed.h"
+#include "series/Scale.h"
 #include "series/Transform.h"
 #include "smoothing/Check.h"
-#include "smoothing/Scale.h"
 #include "smoothing/Search.h"
 #include "smoothing/StdErrors.h"
 
@@ -22,14 +23,9 @@ namespace {
 double RoundingError(std::span<const double> series, double unit) {
   double largest = 0;
   for (const double y : series) {
-    if (y != MV::gMissingValue) largest = std::max(largest, std::abs(y));
+    if (!IsMissing(y)) largest = std::max(largest, std::abs(y));
   }
   return 4e-15 * largest / unit + 1e-13;
-}
-
-std::size_t CountObserved(std::span<const double> series) {
-  return series.size() -
-         static_cast<std::size_t>(std::count(series.begin(), series.end(), MV::gMissingValue));
 }
 
 // Differencing after which a kind's errors and its series are on the same, stationary scale.
@@ -64,7 +60,7 @@ Replay ReplayAt(const SmoothingProblem& problem, const std::vector<double>& para
     return Walk<kTrend, kSeason>(problem.Series(), problem.GainsAt(parameters), replay.final, keep);
   });
   NormaliseSeason(replay.final, problem.Traits().season);
-  replay.final = scale.Up(std::move(replay.final), problem.Traits().season);
+  replay.final = ScaledUp(std::move(replay.final), scale, problem.Traits().season);
   return replay;
 }
 
@@ -91,13 +87,9 @@ class Fitter {
         options_(options),
         traits_(TraitsOf(options.kind)),
         season_length_(traits_.season == Season::kNone ? 1 : options.season_length),
-        modelled_(observed_.begin(), observed_.end()) {
-    for (double& y : modelled_) {
-      if (y != MV::gMissingValue) y = Transformed(options.function_type, y);
-    }
-    scale_ = ScaleOf(modelled_, traits_.season);
-    scaled_ = Scaled(modelled_, scale_);
-  }
+        modelled_(ModelledSeries(observed_, options.function_type)),
+        scale_(ScaleFor(traits_.season, modelled_)),
+        scaled_(Scaled(modelled_, scale_)) {}
 
   void Run(SmoothingFit& fit) const {
     SmoothingProblem problem(traits_, scaled_, season_length_);
@@ -144,7 +136,7 @@ class Fitter {
 
   static void TakeObserved(std::span<const double> series, std::vector<double>& forecasts) {
     for (std::size_t t = 0; t < forecasts.size(); ++t) {
-      if (series[t] != MV::gMissingValue) forecasts[t] = series[t];
+      if (!IsMissing(series[t])) forecasts[t] = series[t];
     }
   }
 
@@ -161,7 +153,7 @@ class Fitter {
                                     const std::vector<double>& fitted) const {
     std::vector<double> errors(modelled_);
     for (std::size_t t = 0; t < errors.size(); ++t) {
-      if (errors[t] != MV::gMissingValue) errors[t] -= forecasts[t];
+      if (!IsMissing(errors[t])) errors[t] -= forecasts[t];
     }
     const FittedSeries all{.observed = observed_,
                            .fitted = std::span<const double>(fitted).subspan(first_),
@@ -190,9 +182,7 @@ class Fitter {
 SmoothingFit FitSmoothing(std::span<const double> series, const SmoothingOptions& options) {
   SmoothingFit fit;
   if (!CheckSeries(series, options, fit)) return fit;
-  const auto* first = std::find_if(series.data(), series.data() + series.size(),
-                                   [](double y) { return y != MV::gMissingValue; });
-  Fitter(series, static_cast<std::size_t>(first - series.data()), options).Run(fit);
+  Fitter(series, FirstObserved(series), options).Run(fit);
   return fit;
 }
 

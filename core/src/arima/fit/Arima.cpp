@@ -18,16 +18,13 @@
 #include "arima/model/ModelledData.h"
 #include "series/FitStatistics.h"
 #include "series/LjungBox.h"
+#include "series/Observed.h"
+#include "series/Refusal.h"
 #include "series/Transform.h"
 
 namespace tsffit {
 
 namespace {
-
-std::size_t CountObserved(std::span<const double> series) {
-  return series.size() -
-         static_cast<std::size_t>(std::count(series.begin(), series.end(), MV::gMissingValue));
-}
 
 double FiniteOrMissing(double value) { return std::isfinite(value) ? value : MV::gMissingValue; }
 
@@ -51,7 +48,7 @@ class ArimaFitter {
     if (!CanEstimate(likelihood, fit)) return;
     const auto [space, found] = SolveArima(likelihood);
     if (!found.best.usable) {
-      RefuseArima(fit, FitStatus::kNotIdentified, "the likelihood of the model has no maximum");
+      Refuse(fit, FitStatus::kNotIdentified, "the likelihood of the model has no maximum");
       return;
     }
     if (IsRounding(found.best)) {
@@ -62,12 +59,6 @@ class ArimaFitter {
   }
 
  private:
-  bool TooShort(std::size_t needed, std::size_t there, ArimaFit& fit) const {
-    return RefuseArima(fit, FitStatus::kTooShort,
-                       "the model needs " + std::to_string(needed) +
-                           " cases that are not missing, the series has " + std::to_string(there));
-  }
-
   // Whether the longest lags leave cases to explain, more of them than coefficients.
   bool HasRows(ArimaFit& fit) const {
     const Arma arma = LongestArma();
@@ -80,7 +71,7 @@ class ArimaFitter {
       needed = std::max(needed, TransferFunctionOf(spec_, i, ones).denominator.size());
     }
     const std::size_t there = CountObserved(observed_);
-    return there >= lost + needed || TooShort(lost + needed, there, fit);
+    return there >= lost + needed || Refuse(fit, TooShort(lost + needed, there));
   }
 
   // A noise model with every lag that the specification names.
@@ -90,18 +81,18 @@ class ArimaFitter {
 
   bool CanEstimate(const Likelihood& likelihood, ArimaFit& fit) const {
     if (!likelihood.IsIdentified()) {
-      return RefuseArima(fit, FitStatus::kNotIdentified,
-                         "a period of the season is missing in every season");
+      return Refuse(fit, FitStatus::kNotIdentified,
+                    "a period of the season is missing in every season");
     }
     const Evaluation white = likelihood.At(std::vector<double>(spec_.GetParameterCount(true), 0.0));
     if (!white.usable) {
-      return RefuseArima(fit, FitStatus::kNotIdentified,
-                         "the differences leave the range of numbers: their order is too high");
+      return Refuse(fit, FitStatus::kNotIdentified,
+                    "the differences leave the range of numbers: their order is too high");
     }
     const std::size_t needed = spec_.GetParameterCount(true) + 2;
     if (white.residuals < needed) {
       const std::size_t there = CountObserved(observed_);
-      return TooShort(there + needed - white.residuals, there, fit);
+      return Refuse(fit, TooShort(there + needed - white.residuals, there));
     }
     if (IsRounding(white)) {
       return NothingLeft("after differences and effects the series is constant", fit);
@@ -113,7 +104,7 @@ class ArimaFitter {
   bool IsRounding(const Evaluation& at) const {
     double largest = 1;
     for (const double z : data_.series) {
-      if (z != MV::gMissingValue) largest = std::max(largest, std::abs(z));
+      if (!IsMissing(z)) largest = std::max(largest, std::abs(z));
     }
     const double rounding = 1e-13 * largest;
     return at.fit.sse <= rounding * rounding * static_cast<double>(at.residuals);
@@ -123,7 +114,7 @@ class ArimaFitter {
     std::string message = "the model leaves nothing to explain: " + why;
     // Constants, lines and seasons that repeat themselves; smoothing makes no use of predictors.
     if (spec_.GetXCount() == 0) message += "; a smoothing model can continue such a series";
-    return RefuseArima(fit, FitStatus::kNotIdentified, std::move(message));
+    return Refuse(fit, FitStatus::kNotIdentified, std::move(message));
   }
 
   void Deliver(const Likelihood& likelihood, const SearchSpace& space,
@@ -131,7 +122,7 @@ class ArimaFitter {
     Evaluation best = found.best;
     MarkUnsearched(space, likelihood, best.parameters);
     unsigned estimated = 0;
-    for (const double value : best.parameters) estimated += value == MV::gMissingValue ? 0 : 1;
+    for (const double value : best.parameters) estimated += IsMissing(value) ? 0 : 1;
 
     const double unit = data_.unit;
     const auto n = static_cast<double>(best.residuals);
@@ -147,7 +138,7 @@ class ArimaFitter {
     fit.fitted = OnOriginalScale(replay.predictions);
     fit.residuals.assign(first_, MV::gMissingValue);
     for (const double error : replay.standardised) {
-      fit.residuals.push_back(error == MV::gMissingValue ? error : error * unit);
+      fit.residuals.push_back(IsMissing(error) ? error : error * unit);
     }
     std::vector<double> stdErrors = ArimaStdErrors(likelihood, space, best, estimated);
     ARMAForecastState::Common common{
@@ -179,7 +170,7 @@ class ArimaFitter {
   // Parameters or their standard errors, linear ones brought to the unit of the data.
   std::valarray<double> InUnits(const Likelihood& likelihood, std::vector<double> values) const {
     for (const std::size_t position : likelihood.GetDesign().LinearPositions()) {
-      if (values[position] != MV::gMissingValue) values[position] *= data_.unit;
+      if (!IsMissing(values[position])) values[position] *= data_.unit;
     }
     return {values.data(), values.size()};
   }
@@ -188,7 +179,7 @@ class ArimaFitter {
     const int function = spec_.GetYTransformSpec().GetFunctionType();
     std::vector<double> fitted(first_, MV::gMissingValue);
     for (const double z : predictions) {
-      fitted.push_back(z == MV::gMissingValue ? z : Untransformed(function, z * data_.unit));
+      fitted.push_back(IsMissing(z) ? z : Untransformed(function, z * data_.unit));
     }
     return fitted;
   }
@@ -200,7 +191,7 @@ class ArimaFitter {
     std::vector<double> errors(observed.size(), MV::gMissingValue);
     std::size_t scored = 0;
     for (std::size_t t = 0; t < errors.size(); ++t) {
-      if (replay.standardised[t] != MV::gMissingValue) {
+      if (!IsMissing(replay.standardised[t])) {
         ++scored;
         errors[t] = modelled[t] - replay.predictions[t] * data_.unit;
       } else {
@@ -255,7 +246,7 @@ ArimaFit FitArima(std::span<const double> series, std::span<const std::vector<do
   if (!CheckArima(series, predictors, options, fit)) return fit;
   const std::size_t first = FirstObserved(series);
   if (first == series.size()) {
-    RefuseArima(fit, FitStatus::kTooShort, "the series has no case that is not missing");
+    Refuse(fit, NothingObserved());
     return fit;
   }
   ArimaFitter(series, predictors, first, options).Run(fit);

@@ -1,28 +1,25 @@
 #include "arima/fit/Check.h"
 
-#include <algorithm>
-#include <cmath>
+#include <optional>
+#include <string>
+#include <utility>
 
 #include "arima/model/Effects.h"
+#include "series/Observed.h"
+#include "series/Refusal.h"
 #include "series/Transform.h"
 
 namespace tsffit {
-
-bool RefuseArima(ArimaFit& fit, FitStatus status, std::string message) {
-  fit.status = status;
-  fit.message = std::move(message);
-  return false;
-}
 
 namespace {
 
 // Longer lags ask for matrices that no longer fit; a season of a year of days does.
 constexpr std::size_t kLongestLag = 2000;
 // Squares of larger values, on the modelled scale, are no longer numbers.
-constexpr double kLargest = 1e150;
+constexpr double kLargestModelled = 1e150;
 
 bool BadOptions(ArimaFit& fit, std::string message) {
-  return RefuseArima(fit, FitStatus::kBadOptions, std::move(message));
+  return Refuse(fit, FitStatus::kBadOptions, std::move(message));
 }
 
 bool CheckLags(const AMPowers& lags, ArimaFit& fit) {
@@ -89,8 +86,8 @@ bool CheckSpec(std::span<const double> series, std::size_t predictors, const Ari
       options.method != ArimaMethod::kCls) {
     return BadOptions(fit, "no such method");
   }
-  if (!IsTransformation(spec.y_transform.GetFunctionType())) {
-    return BadOptions(fit, "no such transformation");
+  if (auto fault = NoSuchTransformation(spec.y_transform.GetFunctionType())) {
+    return Refuse(fit, std::move(*fault));
   }
   if (spec.season_length == 0) return BadOptions(fit, "a season has at least 1 period");
   if (!CheckOrders(spec.non_seasonal_diff, spec.seasonal_diff, spec.season_length, fit) ||
@@ -114,26 +111,18 @@ bool CheckSpec(std::span<const double> series, std::size_t predictors, const Ari
   return true;
 }
 
-bool CheckValue(double value, int function, ArimaFit& fit) {
-  if (!std::isfinite(value))
-    return RefuseArima(fit, FitStatus::kNotFinite, "a value is not finite");
-  if (function == TSTransformation::kLogarithm && value <= 0) {
-    return RefuseArima(fit, FitStatus::kNotPositive, "the logarithm needs values above 0");
-  }
-  if (function == TSTransformation::kSquareRoot && value < 0) {
-    return RefuseArima(fit, FitStatus::kNegative, "the square root needs values of at least 0");
-  }
-  if (std::abs(Transformed(function, value)) > kLargest) {
-    return RefuseArima(fit, FitStatus::kNotFinite, "a value is too large to calculate with");
-  }
-  return true;
+std::optional<Fault> ValueFault(double value, int function) {
+  if (auto fault = NotFinite(value)) return fault;
+  if (auto fault = OutsideDomain(function, value)) return fault;
+  return TooLarge(Transformed(function, value), kLargestModelled);
 }
 
 bool CheckValues(std::span<const double> series, int function, ArimaFit& fit) {
   for (std::size_t t = 0; t < series.size(); ++t) {
-    if (series[t] == MV::gMissingValue || CheckValue(series[t], function, fit)) continue;
+    auto fault = IsMissing(series[t]) ? std::nullopt : ValueFault(series[t], function);
+    if (!fault) continue;
     fit.bad_case = t;
-    return false;
+    return Refuse(fit, std::move(*fault));
   }
   return true;
 }
@@ -141,33 +130,29 @@ bool CheckValues(std::span<const double> series, int function, ArimaFit& fit) {
 // The missing case at which a method that knows none must stop, leading ones not counted.
 bool CheckMissing(std::span<const double> series, ArimaMethod method, ArimaFit& fit) {
   if (method == ArimaMethod::kMl) return true;
-  const auto seen = [](double y) { return y != MV::gMissingValue; };
-  const auto first = std::find_if(series.begin(), series.end(), seen);
-  const auto gap = std::find(first, series.end(), MV::gMissingValue);
-  if (gap == series.end()) return true;
-  fit.bad_case = static_cast<std::size_t>(gap - series.begin());
-  return RefuseArima(fit, FitStatus::kMissing,
-                     std::string("the method ") +
-                         (method == ArimaMethod::kCls ? "cls" : "ml-theta") +
-                         " knows no missing values; the method ml does");
+  std::size_t gap = FirstObserved(series);
+  while (gap < series.size() && !IsMissing(series[gap])) ++gap;
+  if (gap == series.size()) return true;
+  fit.bad_case = gap;
+  return Refuse(fit, FitStatus::kMissing,
+                std::string("the method ") + (method == ArimaMethod::kCls ? "cls" : "ml-theta") +
+                    " knows no missing values; the method ml does");
 }
 
 bool CheckPredictorValues(std::span<const double> series, const std::vector<double>& values,
                           int function, ArimaFit& fit) {
   if (values.size() != series.size()) {
-    return RefuseArima(fit, FitStatus::kBadOptions,
-                       "a predictor has " + std::to_string(values.size()) +
-                           " values, the series has " + std::to_string(series.size()));
+    return Refuse(fit, FitStatus::kBadOptions,
+                  "a predictor has " + std::to_string(values.size()) + " values, the series has " +
+                      std::to_string(series.size()));
   }
   // What stands before the first observed case is not used.
-  const auto seen = [](double y) { return y != MV::gMissingValue; };
-  const auto first = std::find_if(series.begin(), series.end(), seen) - series.begin();
-  for (auto t = static_cast<std::size_t>(first); t < values.size(); ++t) {
-    const bool missing = values[t] == MV::gMissingValue;
-    if (!missing && CheckValue(values[t], function, fit)) continue;
+  for (std::size_t t = FirstObserved(series); t < values.size(); ++t) {
+    auto fault = IsMissing(values[t]) ? Fault{FitStatus::kMissing, "a predictor's value is missing"}
+                                      : ValueFault(values[t], function);
+    if (!fault) continue;
     fit.bad_case = t;
-    return missing ? RefuseArima(fit, FitStatus::kMissing, "a predictor's value is missing")
-                   : false;
+    return Refuse(fit, std::move(*fault));
   }
   return true;
 }

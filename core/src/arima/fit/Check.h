@@ -2,7 +2,6 @@
 #define TSFFIT_ARIMA_FIT_CHECK_H_
 
 #include <span>
-#include <string>
 #include <vector>
 
 #include <tsffit/Arima.h>
@@ -13,9 +12,6 @@ namespace tsffit {
 // there is none.
 bool CheckArima(std::span<const double> series, std::span<const std::vector<double>> predictors,
                 const ArimaOptions& options, ArimaFit& fit);
-
-// Writes a refusal into `fit`; always false.
-bool RefuseArima(ArimaFit& fit, FitStatus status, std::string message);
 
 }  // namespace tsffit
 

@@ -4,9 +4,8 @@
 #include <cmath>
 #include <utility>
 
-#include <tsfcore/MV.h>
-
 #include "arima/model/Effects.h"
+#include "series/Observed.h"
 #include "series/Transform.h"
 
 namespace tsffit {
@@ -21,13 +20,13 @@ double UnitOf(const std::vector<double>& series, const Polynomial& difference) {
   double count = 0;
   double largest = 0;
   for (std::size_t t = 0; t < series.size(); ++t) {
-    if (series[t] != MV::gMissingValue) largest = std::max(largest, std::abs(series[t]));
+    if (!IsMissing(series[t])) largest = std::max(largest, std::abs(series[t]));
     if (t < Degree(difference)) continue;
     double w = 0;
     bool seen = true;
     for (std::size_t k = 0; k < difference.size(); ++k) {
       if (difference[k] == 0) continue;
-      seen = seen && series[t - k] != MV::gMissingValue;
+      seen = seen && !IsMissing(series[t - k]);
       w += difference[k] * series[t - k];
     }
     if (!seen) continue;
@@ -43,12 +42,6 @@ double UnitOf(const std::vector<double>& series, const Polynomial& difference) {
 
 }  // namespace
 
-std::size_t FirstObserved(std::span<const double> series) {
-  const auto first =
-      std::find_if(series.begin(), series.end(), [](double y) { return y != MV::gMissingValue; });
-  return static_cast<std::size_t>(first - series.begin());
-}
-
 AMModelSpec::Fields CountedFrom(AMModelSpec::Fields spec, std::size_t first) {
   std::vector<TSOutlierSpec> outliers;
   for (unsigned j = 0; j < spec.outliers.GetOutlierSpecCount(false); ++j) {
@@ -59,21 +52,11 @@ AMModelSpec::Fields CountedFrom(AMModelSpec::Fields spec, std::size_t first) {
   return spec;
 }
 
-std::vector<double> ModelledSeries(std::span<const double> series, int functionType) {
-  std::vector<double> modelled;
-  for (const double y : series) {
-    modelled.push_back(y == MV::gMissingValue ? y : Transformed(functionType, y));
-  }
-  return modelled;
-}
-
 ArimaData MakeArimaData(const AMModelSpec& spec, const std::vector<double>& modelled,
                         std::span<const std::vector<double>> predictors, std::size_t first) {
   ArimaData data;
   data.unit = UnitOf(modelled, SeriesDifference(spec));
-  for (const double z : modelled) {
-    data.series.push_back(z == MV::gMissingValue ? z : z / data.unit);
-  }
+  for (const double z : modelled) data.series.push_back(IsMissing(z) ? z : z / data.unit);
   for (unsigned i = 0; i < spec.GetXCount(); ++i) {
     const int function = spec.GetXTransformSpec(i).GetFunctionType();
     std::vector<double> x(predictors[i].begin() + static_cast<std::ptrdiff_t>(first),

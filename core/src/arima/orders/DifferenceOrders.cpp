@@ -4,11 +4,10 @@
 #include <algorithm>
 #include <cmath>
 
-#include <tsfcore/MV.h>
-
 #include "arima/model/Effects.h"
 #include "arima/orders/UnitRoots.h"
 #include "math/LeastSquares.h"
+#include "series/Observed.h"
 #include "series/Transform.h"
 
 namespace tsffit {
@@ -17,8 +16,6 @@ namespace {
 
 // Decay of transient outliers while nothing is estimated yet.
 constexpr double kDecay = 0.7;
-
-bool IsMissing(double value) { return value == MV::gMissingValue; }
 
 // f(y) from the first observed case to the last, less its first value, so scaled that its squares
 // can be summed. The tests depend on neither, and small changes of large values stay changes.

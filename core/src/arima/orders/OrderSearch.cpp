@@ -6,11 +6,11 @@
 #include <utility>
 
 #include <tsfcore/ARMAForecastState.h>
-#include <tsfcore/MV.h>
 #include <tsfcore/TSFModelImp.h>
 
 #include "arima/model/Effects.h"
 #include "math/Polynomial.h"
+#include "series/Observed.h"
 
 namespace tsffit {
 
@@ -76,8 +76,7 @@ OrderSearch::OrderSearch(std::span<const double> series,
   may_have_constant_ = options.constant.value_or(free);
   may_lack_constant_ = !options.constant.value_or(false);
 
-  observed_ = static_cast<std::size_t>(
-      std::count_if(series.begin(), series.end(), [](double y) { return y != MV::gMissingValue; }));
+  observed_ = CountObserved(series);
   const unsigned season = options.season_length;
   const auto third = static_cast<unsigned>(observed_ / 3);
   limits_.p = std::min(options.max_p, third);

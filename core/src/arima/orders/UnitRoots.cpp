@@ -4,9 +4,8 @@
 #include <cmath>
 #include <numeric>
 
-#include <tsfcore/MV.h>
-
 #include "arima/orders/Stl.h"
+#include "series/Observed.h"
 
 namespace tsffit {
 
@@ -15,8 +14,6 @@ namespace {
 constexpr double kKpssCritical = 0.463;      // 5 %: table 1 of the paper
 constexpr double kStrengthOfASeason = 0.64;  // least strength that a difference is taken for
 constexpr double kEqual = 1e-8;
-
-bool IsMissing(double value) { return value == MV::gMissingValue; }
 
 double Mean(std::span<const double> x) {
   return std::accumulate(x.begin(), x.end(), 0.0) / static_cast<double>(x.size());

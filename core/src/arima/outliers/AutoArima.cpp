@@ -6,9 +6,9 @@
 #include <tsfcore/TSFModelImp.h>
 #include <tsffit/AutoArima.h>
 
-#include "arima/fit/Check.h"
 #include "arima/orders/DifferenceOrders.h"
 #include "arima/orders/OrderSearch.h"
+#include "series/Refusal.h"
 
 namespace tsffit {
 
@@ -94,7 +94,7 @@ AutoArimaFit FitAutoArima(std::span<const double> series,
   found.models_tried = search.ModelsTried();
   if (!search.HasFound()) {
     found.fit = {};
-    RefuseArima(found.fit, FitStatus::kNotIdentified, "no ARIMA model suits the series");
+    Refuse(found.fit, FitStatus::kNotIdentified, "no ARIMA model suits the series");
     return found;
   }
   found.fit = search.Fit();

@@ -11,11 +11,13 @@
 #include <tsfcore/TSFModelImp.h>
 #include <tsffit/Outliers.h>
 
-#include "arima/fit/Check.h"
 #include "arima/model/Effects.h"
 #include "arima/model/ModelledData.h"
 #include "arima/outliers/JointFits.h"
 #include "arima/outliers/OutlierScan.h"
+#include "series/Observed.h"
+#include "series/Refusal.h"
+#include "series/Transform.h"
 
 namespace tsffit {
 
@@ -263,15 +265,15 @@ bool IsType(TSOutlierSpec::Type type) {
 
 bool CheckSearch(const OutlierSearch& search, ArimaFit& fit) {
   if (!(search.critical_value >= 0) || !std::isfinite(search.critical_value)) {
-    return RefuseArima(fit, FitStatus::kBadOptions,
-                       "the critical value of outliers must be a number of at least 0");
+    return Refuse(fit, FitStatus::kBadOptions,
+                  "the critical value of outliers must be a number of at least 0");
   }
   if (!(search.transient_decay > 0 && search.transient_decay < 1)) {
-    return RefuseArima(fit, FitStatus::kBadOptions,
-                       "the decay of transient outliers must be between 0 and 1");
+    return Refuse(fit, FitStatus::kBadOptions,
+                  "the decay of transient outliers must be between 0 and 1");
   }
   if (!std::all_of(search.types.begin(), search.types.end(), IsType)) {
-    return RefuseArima(fit, FitStatus::kBadOptions, "no such type of outlier to look for");
+    return Refuse(fit, FitStatus::kBadOptions, "no such type of outlier to look for");
   }
   return true;
 }
@@ -350,8 +352,7 @@ ArimaFit FitArimaDetectingOutliers(std::span<const double> series,
       ModelledSeries(series.subspan(first), options.spec.y_transform.GetFunctionType());
   AMModelSpec::Fields spec = CountedFrom(options.spec, first);
   ArimaData data = MakeArimaData(AMModelSpec(spec), modelled, predictors, first);
-  const auto observed = modelled.size() - static_cast<std::size_t>(std::count(
-                                              modelled.begin(), modelled.end(), MV::gMissingValue));
+  const std::size_t observed = CountObserved(modelled);
   const Rules rules = RulesOf(search, AMModelSpec(spec), observed, fit);
   std::set<Place> given = Given(spec.outliers);
   JointFits fits(std::move(spec), std::move(data));
