@@ -1,14 +1,10 @@
-#include "arima/forecast/Forecast.h"
+#include "smoothing/Forecast.h"
 
 #include <algorithm>
-#include <cmath>
+#include <vector>
 
-#include <tsfcore/ARMAForecastState.h>
-#include <tsfcore/ESForecastState.h>
-#include <tsffit/Forecast.h>
-
-#include "series/ConfidenceWidth.h"
-#include "series/Transform.h"
+#include "series/Observed.h"
+#include "series/OriginalScale.h"
 #include "smoothing/Recursion.h"
 
 namespace tsffit {
@@ -39,8 +35,6 @@ Resumed Resume(const ESForecastState& state) {
   return resumed;
 }
 
-bool Missing(double value) { return value == MV::gMissingValue; }
-
 // Whether nothing that the recursion needs is absent: a model may have been written down by hand.
 bool CanResume(const ESForecastState& state) {
   const ESModelSpec& spec = state.GetESModelSpec();
@@ -49,14 +43,14 @@ bool CanResume(const ESForecastState& state) {
   const auto& estimates = state.GetParameterEstimates();
   const auto& smoothed = state.GetSmState();
   if (estimates.size() < static_cast<std::size_t>(traits.weight_count)) return false;
-  if (std::any_of(std::begin(estimates), std::begin(estimates) + traits.weight_count, Missing)) {
+  if (std::any_of(std::begin(estimates), std::begin(estimates) + traits.weight_count, IsMissing)) {
     return false;
   }
-  if (Missing(smoothed.level) || (traits.trend && Missing(smoothed.trend))) return false;
+  if (IsMissing(smoothed.level) || (traits.trend && IsMissing(smoothed.trend))) return false;
   if (traits.brown && !(estimates[0] > 0)) return false;
   if (traits.season == Season::kNone) return true;
   return smoothed.phase < smoothed.season.size() &&
-         std::none_of(std::begin(smoothed.season), std::end(smoothed.season), Missing);
+         std::none_of(std::begin(smoothed.season), std::end(smoothed.season), IsMissing);
 }
 
 // Trend lines q and seasonal values for 1 .. horizon periods ahead.
@@ -126,36 +120,19 @@ std::vector<double> RelativeVariances(const Resumed& from, const Path& path, uns
 
 }  // namespace
 
-Forecasts Forecast(const TSFModel& model, unsigned horizon, double confidence) {
-  Forecasts forecasts;
-  const ForecastState* any = model.IsEmpty() ? nullptr : model.GetImp()->GetForecastState();
-  if (const auto* arima = dynamic_cast<const ARMAForecastState*>(any)) {
-    return ForecastArima(*arima, model.GetImp()->GetEstimationInfo(), horizon, {}, confidence);
+Forecasts ForecastSmoothing(const ESForecastState& state, const ForecastRequest& request) {
+  if (!request.future_predictors.empty() || !CanResume(state)) return {};
+  if (!(request.confidence > 0 && request.confidence < 1)) return {};
+  const Resumed from = Resume(state);
+  const Path path = PathOf(from, request.horizon);
+  ForecastPath forecasts;
+  for (std::size_t h = 0; h < request.horizon; ++h) {
+    forecasts.mean.push_back(PointForecast(path, from.traits.season, h));
   }
-  const auto* state = dynamic_cast<const ESForecastState*>(any);
-  if (state == nullptr || !CanResume(*state) || !(confidence > 0 && confidence < 1)) return {};
-
-  const Resumed from = Resume(*state);
-  const Path path = PathOf(from, horizon);
-  const std::vector<double> variances = RelativeVariances(from, path, horizon);
-  const double variance = model.GetImp()->GetEstimationInfo().GetErrorVariance();
-  const double width = ConfidenceWidth(confidence);
-  const int function = state->GetESModelSpec().GetYTransformSpec().GetFunctionType();
-  for (std::size_t h = 0; h < horizon; ++h) {
-    const double point = PointForecast(path, from.traits.season, h);
-    forecasts.value.push_back(Untransformed(function, point));
-    if (variance == MV::gMissingValue) {
-      forecasts.std_error.push_back(MV::gMissingValue);
-      forecasts.lower.push_back(MV::gMissingValue);
-      forecasts.upper.push_back(MV::gMissingValue);
-      continue;
-    }
-    const double error = std::sqrt(variance * variances[h]);
-    forecasts.std_error.push_back(error);
-    forecasts.lower.push_back(Untransformed(function, point - width * error));
-    forecasts.upper.push_back(Untransformed(function, point + width * error));
-  }
-  return forecasts;
+  forecasts.variance = RelativeVariances(from, path, request.horizon);
+  return OnOriginalScale(forecasts, request.error_variance,
+                         state.GetESModelSpec().GetYTransformSpec().GetFunctionType(),
+                         request.confidence);
 }
 
 }  // namespace tsffit

@@ -1,19 +1,19 @@
 #ifndef TSFFIT_ARIMA_FORECAST_FORECAST_H_
 #define TSFFIT_ARIMA_FORECAST_FORECAST_H_
 
-#include <span>
-#include <vector>
-
-#include <tsfcore/ARMAForecastState.h>
-#include <tsfcore/EstimationInfo.h>
+#include <tsfcore/ARMACLSForecastState.h>
+#include <tsfcore/ARMAMLForecastState.h>
+#include <tsfcore/ARMAMLSpForecastState.h>
 #include <tsffit/Forecast.h>
+
+#include "series/ForecastRequest.h"
 
 namespace tsffit {
 
-// Forecast() of Arima.h, for the state and the record of the fit.
-Forecasts ForecastArima(const ARMAForecastState& state, const EstimationInfo& info,
-                        unsigned horizon, std::span<const std::vector<double>> futurePredictors,
-                        double confidence);
+// Forecast() of Arima.h, for the state of each method.
+Forecasts ForecastArima(const ARMAMLForecastState& state, const ForecastRequest& request);
+Forecasts ForecastArima(const ARMAMLSpForecastState& state, const ForecastRequest& request);
+Forecasts ForecastArima(const ARMACLSForecastState& state, const ForecastRequest& request);
 
 }  // namespace tsffit
 
