@@ -9,7 +9,7 @@
 
 #include <tsxport/TSXMLTree.h>
 
-#include "core/TestSeries.h"
+#include "core/support/TestSeries.h"
 
 namespace test {
 

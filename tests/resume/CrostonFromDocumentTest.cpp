@@ -11,7 +11,7 @@
 #include <tsffit/tsffit.h>
 #include <tsxport/TSXMLTree.h>
 
-#include "core/TestSeries.h"
+#include "core/support/TestSeries.h"
 
 namespace {
 

@@ -12,7 +12,7 @@
 #include <tsxport/TSXMLTree.h>
 
 #include "NumberList.h"
-#include "core/TestSeries.h"
+#include "core/support/TestSeries.h"
 
 namespace {
 

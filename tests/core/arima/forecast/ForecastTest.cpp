@@ -5,11 +5,11 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
-#include "ArimaSeries.h"
-#include "DenseLikelihood.h"
-#include "TestSeries.h"
 #include "arima/model/Design.h"
 #include "arima/model/Effects.h"
+#include "core/support/ArimaSeries.h"
+#include "core/support/DenseLikelihood.h"
+#include "core/support/TestSeries.h"
 
 namespace tsffit {
 namespace {

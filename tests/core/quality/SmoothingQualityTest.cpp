@@ -4,7 +4,7 @@
 #include <map>
 #include <utility>
 
-#include "TestSeries.h"
+#include "core/support/TestSeries.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 
 #include <tsfcore/tsfcore.h>
 
-#include "TestSeries.h"
+#include "core/support/TestSeries.h"
 #include "support/FailingAllocation.h"
 
 namespace {

@@ -7,7 +7,7 @@
 
 #include <tsfcore/tsfcore.h>
 
-#include "TestSeries.h"
+#include "core/support/TestSeries.h"
 
 namespace {
 

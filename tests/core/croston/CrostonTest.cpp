@@ -12,7 +12,7 @@
 
 #include <tsffit/tsffit.h>
 
-#include "TestSeries.h"
+#include "core/support/TestSeries.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
-#include "TestSeries.h"
+#include "core/support/TestSeries.h"
 #include "series/FitStatistics.h"
 #include "series/LjungBox.h"
 

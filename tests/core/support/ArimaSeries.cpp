@@ -1,4 +1,4 @@
-#include "ArimaSeries.h"
+#include "core/support/ArimaSeries.h"
 
 #include <algorithm>
 #include <boost/math/distributions/normal.hpp>
@@ -7,7 +7,7 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "TestSeries.h"
+#include "core/support/TestSeries.h"
 
 namespace test {
 

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
-#include "ArimaSeries.h"
-#include "TestSeries.h"
+#include "core/support/ArimaSeries.h"
+#include "core/support/TestSeries.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "DenseLikelihood.h"
+#include "core/support/DenseLikelihood.h"
 
 #include <Eigen/Cholesky>
 #include <cmath>

@@ -8,14 +8,14 @@
 #include <numbers>
 #include <sstream>
 
-#include "ArimaSeries.h"
-#include "DenseLikelihood.h"
-#include "TestSeries.h"
 #include "arima/filter/NoiseFilter.h"
 #include "arima/filter/StateSpace.h"
 #include "arima/fit/Likelihood.h"
 #include "arima/model/Design.h"
 #include "arima/model/Effects.h"
+#include "core/support/ArimaSeries.h"
+#include "core/support/DenseLikelihood.h"
+#include "core/support/TestSeries.h"
 
 namespace tsffit {
 namespace {

@@ -12,7 +12,7 @@
 #include <tsfcore/tsfcore.h>
 #include <tsffit/Outliers.h>
 
-#include "TestSeries.h"
+#include "core/support/TestSeries.h"
 
 namespace {
 

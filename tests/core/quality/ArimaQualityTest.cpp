@@ -8,8 +8,8 @@
 #include <map>
 #include <sstream>
 
-#include "ArimaSeries.h"
-#include "TestSeries.h"
+#include "core/support/ArimaSeries.h"
+#include "core/support/TestSeries.h"
 
 namespace {
 

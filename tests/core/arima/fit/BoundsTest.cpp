@@ -5,8 +5,8 @@
 #include <gtest/gtest.h>
 #include <limits>
 
-#include "ArimaSeries.h"
-#include "TestSeries.h"
+#include "core/support/ArimaSeries.h"
+#include "core/support/TestSeries.h"
 
 namespace tsffit {
 namespace {

@@ -1,5 +1,5 @@
-#ifndef TSXPORT_TESTS_CORE_ARIMASERIES_H_
-#define TSXPORT_TESTS_CORE_ARIMASERIES_H_
+#ifndef TSXPORT_TESTS_CORE_SUPPORT_ARIMASERIES_H_
+#define TSXPORT_TESTS_CORE_SUPPORT_ARIMASERIES_H_
 
 #include <map>
 #include <string>
@@ -72,4 +72,4 @@ void ExpectSound(const tsffit::ArimaFit& fit, const std::vector<std::vector<doub
 
 }  // namespace test
 
-#endif  // TSXPORT_TESTS_CORE_ARIMASERIES_H_
+#endif  // TSXPORT_TESTS_CORE_SUPPORT_ARIMASERIES_H_

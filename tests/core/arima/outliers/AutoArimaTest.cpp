@@ -11,8 +11,8 @@
 #include <tsfcore/tsfcore.h>
 #include <tsffit/AutoArima.h>
 
-#include "ArimaSeries.h"
-#include "TestSeries.h"
+#include "core/support/ArimaSeries.h"
+#include "core/support/TestSeries.h"
 
 namespace {
 

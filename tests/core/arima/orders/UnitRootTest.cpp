@@ -5,9 +5,9 @@
 
 #include <tsfcore/MV.h>
 
-#include "TestSeries.h"
 #include "arima/orders/Stl.h"
 #include "arima/orders/UnitRoots.h"
+#include "core/support/TestSeries.h"
 
 namespace {
 

@@ -7,8 +7,8 @@
 #include <numbers>
 #include <thread>
 
-#include "ArimaSeries.h"
-#include "TestSeries.h"
+#include "core/support/ArimaSeries.h"
+#include "core/support/TestSeries.h"
 #include "support/FailingAllocation.h"
 
 namespace {

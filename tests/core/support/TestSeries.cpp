@@ -1,4 +1,4 @@
-#include "TestSeries.h"
+#include "core/support/TestSeries.h"
 
 #include <algorithm>
 #include <array>

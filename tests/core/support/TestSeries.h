@@ -1,5 +1,5 @@
-#ifndef TSXPORT_TESTS_CORE_TESTSERIES_H_
-#define TSXPORT_TESTS_CORE_TESTSERIES_H_
+#ifndef TSXPORT_TESTS_CORE_SUPPORT_TESTSERIES_H_
+#define TSXPORT_TESTS_CORE_SUPPORT_TESTSERIES_H_
 
 #include <cstddef>
 #include <functional>
@@ -43,4 +43,4 @@ const ESForecastState& StateOf(const TSFModel& model);
 
 }  // namespace test
 
-#endif  // TSXPORT_TESTS_CORE_TESTSERIES_H_
+#endif  // TSXPORT_TESTS_CORE_SUPPORT_TESTSERIES_H_

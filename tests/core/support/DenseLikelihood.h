@@ -1,5 +1,5 @@
-#ifndef TSXPORT_TESTS_CORE_DENSELIKELIHOOD_H_
-#define TSXPORT_TESTS_CORE_DENSELIKELIHOOD_H_
+#ifndef TSXPORT_TESTS_CORE_SUPPORT_DENSELIKELIHOOD_H_
+#define TSXPORT_TESTS_CORE_SUPPORT_DENSELIKELIHOOD_H_
 
 #include <Eigen/Core>
 #include <cstddef>
@@ -42,4 +42,4 @@ DensePrediction Predict(const DenseModel& model);
 
 }  // namespace test
 
-#endif  // TSXPORT_TESTS_CORE_DENSELIKELIHOOD_H_
+#endif  // TSXPORT_TESTS_CORE_SUPPORT_DENSELIKELIHOOD_H_

@@ -6,11 +6,11 @@
 #include <gtest/gtest.h>
 #include <map>
 
-#include "ArimaSeries.h"
-#include "DenseLikelihood.h"
-#include "TestSeries.h"
 #include "arima/model/Design.h"
 #include "arima/model/Effects.h"
+#include "core/support/ArimaSeries.h"
+#include "core/support/DenseLikelihood.h"
+#include "core/support/TestSeries.h"
 #include "series/Transform.h"
 
 namespace tsffit {

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
-#include "TestSeries.h"
+#include "core/support/TestSeries.h"
 #include "smoothing/ComponentSolve.h"
 #include "smoothing/Minimise.h"
 #include "smoothing/SmoothingProblem.h"
