@@ -1,22 +1,14 @@
+#include <array>
+
 #include <tsfcore/ESModelSpec.h>
+
+#include "kinds/SmoothingKind.h"
 
 namespace {
 
-// Which weights a kind has, in the order of ESModelSpec::Weight.
-constexpr std::array<std::array<bool, 4>, 7> kHasWeight = {{
-    {true, true, true, false},    // additive Winters
-    {true, false, false, false},  // Brown
-    {true, true, false, true},    // damped trend
-    {true, true, false, false},   // Holt
-    {true, true, true, false},    // multiplicative Winters
-    {true, false, true, false},   // simple seasonal
-    {true, false, false, false},  // simple
-}};
-
-bool IsKind(int kind) { return kind >= 0 && kind < static_cast<int>(kHasWeight.size()); }
-
-bool IsSeasonal(int kind) {
-  return !IsKind(kind) || kHasWeight[static_cast<unsigned>(kind)][ESModelSpec::kSeason];
+// By ESModelSpec::Weight.
+std::array<bool, 4> WeightsOf(const kinds::SmoothingKind& kind) {
+  return {true, kind.has_trend_weight(), kind.has_season_weight(), kind.has_damping_weight()};
 }
 
 }  // namespace
@@ -26,8 +18,9 @@ ESModelSpec::Fields ESModelSpec::ForKind(int kind, unsigned seasonLength, int fu
   fields.kind = kind;
   fields.season_length = seasonLength;
   fields.y_transform = TSTransformation(functionType);
-  if (!IsKind(kind)) return fields;
-  const auto& has = kHasWeight[static_cast<unsigned>(kind)];
+  const kinds::SmoothingKind* facts = kinds::FindSmoothingKind(kind);
+  if (facts == nullptr) return fields;
+  const std::array<bool, 4> has = WeightsOf(*facts);
   for (unsigned weight = 0; weight < has.size(); ++weight) {
     if (has[weight]) fields.weight_index[weight] = static_cast<int>(fields.parameter_count++);
   }
@@ -44,5 +37,8 @@ unsigned ESModelSpec::GetParameterCount(bool all) const {
 }
 
 unsigned ESModelSpec::GetSeasonLength(bool effective) const {
-  return effective && !IsSeasonal(fields_.kind) ? 1 : fields_.season_length;
+  // A kind that nobody knows may have a season.
+  const kinds::SmoothingKind* facts = kinds::FindSmoothingKind(fields_.kind);
+  const bool seasonless = facts != nullptr && !facts->has_season();
+  return effective && seasonless ? 1 : fields_.season_length;
 }

@@ -14,7 +14,7 @@ namespace tsffit {
 namespace {
 
 bool CheckOptions(const SmoothingOptions& options, SmoothingFit& fit) {
-  if (!IsSmoothingKind(options.kind)) {
+  if (!kinds::IsSmoothingKind(options.kind)) {
     return Refuse(fit, FitStatus::kBadOptions, "no such kind of exponential smoothing");
   }
   if (auto fault = NoSuchTransformation(options.function_type)) {

@@ -38,7 +38,7 @@ Resumed Resume(const ESForecastState& state) {
 // Whether nothing that the recursion needs is absent: a model may have been written down by hand.
 bool CanResume(const ESForecastState& state) {
   const ESModelSpec& spec = state.GetESModelSpec();
-  if (!IsSmoothingKind(spec.GetKind())) return false;
+  if (!kinds::IsSmoothingKind(spec.GetKind())) return false;
   const KindTraits traits = TraitsOf(spec.GetKind());
   const auto& estimates = state.GetParameterEstimates();
   const auto& smoothed = state.GetSmState();

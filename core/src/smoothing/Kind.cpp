@@ -12,24 +12,18 @@ double At(std::span<const double> weights, int position, double otherwise) {
 
 }  // namespace
 
-bool IsSmoothingKind(int kind) {
-  return kind >= ESModelSpec::kAdditiveWinters && kind <= ESModelSpec::kSimple;
-}
-
 KindTraits TraitsOf(int kind) {
-  KindTraits traits;
+  const kinds::SmoothingKind& facts = *kinds::FindSmoothingKind(kind);
   const ESModelSpec spec(ESModelSpec::ForKind(kind, 1));
+  KindTraits traits;
+  traits.trend = facts.has_trend();
+  traits.damped = facts.trend == kinds::Trend::kDamped;
+  traits.brown = facts.trend == kinds::Trend::kBrown;
+  traits.season = facts.season;
   traits.weight_count = static_cast<int>(spec.GetParameterCount(true));
   traits.trend_weight = spec.GetParameterIndex(ESModelSpec::kTrend);
   traits.season_weight = spec.GetParameterIndex(ESModelSpec::kSeason);
   traits.damping_weight = spec.GetParameterIndex(ESModelSpec::kDamping);
-  traits.brown = kind == ESModelSpec::kBrown;
-  traits.trend = traits.brown || traits.trend_weight >= 0;
-  traits.damped = traits.damping_weight >= 0;
-  if (traits.season_weight >= 0) {
-    traits.season =
-        kind == ESModelSpec::kMultiplicativeWinters ? Season::kMultiplicative : Season::kAdditive;
-  }
   if (traits.brown) traits.least_level_weight = kLeastBrownWeight;
   return traits;
 }

@@ -3,13 +3,13 @@
 
 #include <span>
 
-#include <tsfcore/ESModelSpec.h>
+#include "kinds/SmoothingKind.h"
 
 namespace tsffit {
 
-enum class Season { kNone, kAdditive, kMultiplicative };
+using kinds::Season;
 
-// What tells the seven kinds apart.
+// What tells the seven kinds apart, in the terms of the recursion and the parameter vector.
 struct KindTraits {
   bool trend = false;
   bool damped = false;
@@ -25,7 +25,6 @@ struct KindTraits {
   int damping_weight = -1;
 };
 
-bool IsSmoothingKind(int kind);
 KindTraits TraitsOf(int kind);  // kind is one of ESModelSpec::Kind
 
 // How much of a one-step error each component takes up, and the damping of the trend.

@@ -7,6 +7,7 @@
 #include <tsfcore/tsfcore.h>
 
 #include "core/support/TestSeries.h"
+#include "kinds/SmoothingKind.h"
 #include "support/FailingAllocation.h"
 
 namespace {
@@ -291,18 +292,17 @@ TEST(Corner, LongSeriesAndLongSeasons) {
 
 // Derivatives are summed in blocks of 64 cases; at these lengths the last block is empty.
 TEST(Corner, LengthsThatFillEveryBlockOfCasesAreFittedWithLongSeasons) {
-  const int seasonalKinds[] = {ESModelSpec::kSimpleSeasonal, ESModelSpec::kAdditiveWinters,
-                               ESModelSpec::kMultiplicativeWinters};
   for (const std::size_t n : {64U, 128U, 192U, 256U, 320U, 640U}) {
     const std::vector<double> series = Generate(n, [](std::size_t t) {
       return 100 + 0.05 * static_cast<double>(t) + 10 * std::sin(0.13 * static_cast<double>(t)) +
              Noise(t);
     });
     for (unsigned season = 46; season <= 60; ++season) {
-      for (const int kind : seasonalKinds) {
+      for (const kinds::SmoothingKind& facts : kinds::kSmoothingKinds) {
+        if (!facts.has_season()) continue;
         SCOPED_TRACE(std::to_string(n) + " cases, season of " + std::to_string(season) + ", kind " +
-                     std::to_string(kind));
-        const tsffit::SmoothingFit fit = Fit(series, kind, season);
+                     std::to_string(facts.kind));
+        const tsffit::SmoothingFit fit = Fit(series, facts.kind, season);
         EXPECT_EQ(fit.status, n < 2 * season + 2 ? FitStatus::kTooShort : FitStatus::kOk);
         ExpectSound(fit);
       }
