@@ -21,20 +21,20 @@
 // Z = f(y) be the transformed series, D(B) = (1 - B)^d (1 - B^s)^Ds, and x*_i = D_i(B) f_i(x_i) the
 // transformed and differenced predictors, each with a transformation and orders of its own. Then
 //
-//   D(B) Z_t = c + sum_i [num_i(B) / den_i(B)] x*_i(t - b_i) + sum_j D(B) o_j(t) + N_t
-//   phi(B) N_t = theta(B) a_t,                                    a_t independent, N(0, v)
+//   D(B) Z_t = c + sum_i [num_i(B) / den_i(B)] x*_i(t - b_i) + sum_j D(B) o_j(t) + N_t         (1)
+//   phi(B) N_t = theta(B) a_t,                                    a_t independent, N(0, v)     (2)
 //
 // with the constant c, the mean of the differenced series (not the intercept, which differs by
 // phi(1)), delays b_i, and the polynomials
 //
-//   phi(B)   = (1 - phi_1 B - ...)(1 - Phi_1 B^s - ...)        any list of lags in either factor
-//   theta(B) = (1 - theta_1 B - ...)(1 - Theta_1 B^s - ...)
-//   num_i(B) = (omega_0 - omega_1 B - ...)(1 - Omega_1 B^s - ...)
-//   den_i(B) = (1 - delta_1 B - ...)(1 - Delta_1 B^s - ...)
+//   phi(B)   = (1 - phi_1 B - ...)(1 - Phi_1 B^s - ...)           any list of lags in either   (3)
+//   theta(B) = (1 - theta_1 B - ...)(1 - Theta_1 B^s - ...)       factor                       (4)
+//   num_i(B) = (omega_0 - omega_1 B - ...)(1 - Omega_1 B^s - ...)                              (5)
+//   den_i(B) = (1 - delta_1 B - ...)(1 - Delta_1 B^s - ...)                                    (6)
 //
 // Outliers o_j with size w from case T on, each through the same differencing as the series:
 //
-//   additive           w at t = T
+//   additive           w at t = T                                                              (7)
 //   level              w for t >= T
 //   transient          w d^(t - T) for t >= T, the decay d between 0 and 1, its second parameter
 //   seasonal additive  w at t = T, T + s, T + 2 s ..

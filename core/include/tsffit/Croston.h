@@ -26,11 +26,11 @@
 //
 // each by simple smoothing with a weight of its own, its level started at the first value:
 //
-//   L(1) = x(1),   L(j) = L(j-1) + a (x(j) - L(j-1)),   j = 2 ... m
+//   L(1) = x(1),   L(j) = L(j-1) + a (x(j) - L(j-1)),   j = 2 ... m             (1)
 //
 // Zeros move neither level. The demand rate, which is the forecast for every period to come, is
 //
-//   r = g(level of the sizes) / level of the intervals,   g the inverse of f.
+//   r = g(level of the sizes) / level of the intervals,   g the inverse of f.   (2)
 //
 // The transformation concerns the sizes alone: rates and errors are on the original scale. g has no
 // bias correction, so that under the logarithm the rate is a median size per interval.
@@ -56,7 +56,7 @@
 // A weight that the caller does not fix is the one in [0.01, 1] with the least sum of squared
 // one-step errors
 //
-//   S(a) = sum over j = 2 ... m of (x(j) - L(j-1))^2,
+//   S(a) = sum over j = 2 ... m of (x(j) - L(j-1))^2,                           (3)
 //
 // its level started at the first value as above. (A start that is estimated as well drives the
 // weight to 0 on demand without memory.) S is a polynomial and may have several minima: its slope

@@ -19,12 +19,12 @@
 // seasonal value of the case's position in the cycle, f the one-step forecast and e = y - f:
 //
 //   kind                    f      L'           T'              S'
-//   simple                  q      q + a e
-//   Brown                   q      q + a(2-a)e  T + a^2 e
-//   Holt, damped trend      q      q + a e      phi T + a g e
-//   simple seasonal         q + S  q + a e                      S + (1-a) d e
-//   additive Winters        q + S  q + a e      T + a g e       S + (1-a) d e
-//   multiplicative Winters  q S    q + a e / S  T + a g e / S   S + (1-a) d e / q
+//   simple                  q      q + a e                                            (1)
+//   Brown                   q      q + a(2-a)e  T + a^2 e                             (2)
+//   Holt, damped trend      q      q + a e      phi T + a g e                         (3)
+//   simple seasonal         q + S  q + a e                      S + (1-a) d e         (4)
+//   additive Winters        q + S  q + a e      T + a g e       S + (1-a) d e         (5)
+//   multiplicative Winters  q S    q + a e / S  T + a g e / S   S + (1-a) d e / q     (6)
 //
 // Brown's double smoothing is ARIMA(0,2,2) with the double root 1 - a; its weight is at least
 // 0.001, since below that its state loses its digits. Multiplicative Winters corrects a season by e

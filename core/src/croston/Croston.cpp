@@ -107,7 +107,7 @@ class Fitter {
   }
 
  private:
-  // The rate before each case.
+  // The rate before each case: equation (2) of Croston.h, its levels by equation (1).
   std::vector<double> Rates() const {
     std::vector<double> rates;
     rates.reserve(span_.size());

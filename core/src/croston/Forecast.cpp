@@ -27,7 +27,7 @@ double IntervalWeight(const TSFCrModel& model) {
   return estimates.size() > 0 ? estimates[0] : MV::gMissingValue;
 }
 
-// Missing when the model has no rate of this sort.
+// Equation (2) of Croston.h; missing when the model has no rate of this sort.
 double RateOf(const TSFCrModel& model, CrostonRate rate) {
   if (model.IsEmpty() || !IsTransformation(model.GetImp()->GetFunctionType())) {
     return MV::gMissingValue;

@@ -19,7 +19,13 @@ constexpr double kDefaultWeight = 0.1;
 // changes fastest at small weights.
 constexpr std::size_t kGridSize = 101;
 
-// The sum of squares at one weight with its first two derivatives by the weight.
+// How far a floor is followed: to all bits of a weight but the last few, which the rounding of the
+// slope blurs. The limit of evaluations is a guard alone.
+constexpr int kBits = 48;
+constexpr std::uintmax_t kMostEvaluations = 100;
+
+// The sum of squares at one weight, equation (3) of Croston.h, with its first two derivatives by
+// the weight.
 struct Curve {
   double weight = 0;
   double sum = 0;
@@ -59,8 +65,7 @@ std::array<Curve, kGridSize> Grid(std::span<const double> values) {
 
 // The floor of the valley between two grid points, the sum falling at `left` and rising at `right`.
 Curve Floor(std::span<const double> values, const Curve& left, const Curve& right) {
-  constexpr int kBits = 48;
-  std::uintmax_t evaluations = 100;
+  std::uintmax_t evaluations = kMostEvaluations;
   const auto [low, high] = boost::math::tools::toms748_solve(
       [values](double weight) { return CurveAt(values, weight).slope; }, left.weight, right.weight,
       left.slope, right.slope, boost::math::tools::eps_tolerance<double>(kBits), evaluations);

@@ -8,7 +8,7 @@
 
 namespace tsffit {
 
-// One step of simple smoothing.
+// One step of simple smoothing: equation (1) of Croston.h.
 inline double Smoothed(double level, double weight, double value) {
   return level + weight * (value - level);
 }

@@ -59,6 +59,7 @@ struct Path {
   std::vector<double> season;
 };
 
+// Equation (1) of Forecast.h.
 Path PathOf(const Resumed& from, unsigned horizon) {
   Path path;
   double level = from.components.level;
@@ -82,7 +83,7 @@ double PointForecast(const Path& path, Season season, std::size_t h) {
 }
 
 // What an error of 1 does to level and trend line `steps` periods later: gl + gt (phi + .. +
-// phi^steps).
+// phi^steps), that is c_j of equations (2) and (3) of Forecast.h but for the season.
 std::vector<double> LineResponses(const Gains& gains, unsigned horizon) {
   std::vector<double> responses = {1};
   double power = 1;
@@ -95,8 +96,8 @@ std::vector<double> LineResponses(const Gains& gains, unsigned horizon) {
   return responses;
 }
 
-// Variances of the forecast errors in units of the one-step error variance. Forecast.h has the
-// formulas.
+// Variances of the forecast errors in units of the one-step error variance: equations (2) and (3)
+// of Forecast.h, whose sums grow with the horizon; equation (4) with ratios, a sum anew for each.
 std::vector<double> RelativeVariances(const Resumed& from, const Path& path, unsigned horizon) {
   const std::vector<double> line = LineResponses(from.gains, horizon);
   const std::size_t length = from.components.season.size();

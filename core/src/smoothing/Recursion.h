@@ -21,6 +21,7 @@ inline constexpr double kLeastTrendLine = 1e-8;
 //                          S' = S + gs e
 //   multiplicative:        forecast q S,    level' = q + gl e / S,   trend' = trend + gt e / S,
 //                          S' = S + gs e / q
+// These are equations (1) to (6) of Smoothing.h, their gains put together by GainsOf().
 // Gardner (1985), table 1; the multiplicative form is that of Ord, Koehler and Snyder (1997),
 // "Estimation and prediction for a class of dynamic nonlinear statistical models", Journal of the
 // American Statistical Association 92: the factor is corrected by e / q, not by the new level.

@@ -49,7 +49,7 @@ bool FilterExactly(const Arma& arma, Eigen::MatrixXd& columns, Eigen::VectorXd& 
   for (Eigen::Index t = 0; t < columns.rows(); ++t) {
     if (!Usable(f)) return false;
     nu[t] = f;
-    for (Eigen::Index j = 0; j < columns.cols(); ++j) {
+    for (Eigen::Index j = 0; j < columns.cols(); ++j) {  // (1) of NoiseFilter.h
       double* state = states.col(j).data();
       const double error = columns(t, j) - state[0];
       columns(t, j) = error;
@@ -57,7 +57,7 @@ bool FilterExactly(const Arma& arma, Eigen::MatrixXd& columns, Eigen::VectorXd& 
       const double share = error / f;
       for (Eigen::Index i = 0; i < r; ++i) state[i] += gain[i] * share;
     }
-    if (weight == 0) continue;  // the steady state
+    if (weight == 0) continue;  // the steady state; otherwise (2) of NoiseFilter.h
     const double head = change[0];
     const double next = f + weight * head * head;
     Step(ar, change.data());

@@ -18,15 +18,20 @@ namespace tsffit {
 
 // Exact, for the stationary process: the Chandrasekhar-type recursions of Morf, Sidhu and Kailath
 // (1974), which carry a rank-one change of the state's covariance instead of the covariance; r
-// operations a period and column, r the length of the state.
+// operations a period and column, r the length of the state. With T the transition, F the variance
+// of the prediction, K = T P Z' the gain before it is divided by F, P(t+1) - P(t) = w c c' and c_0
+// the first element of c:
+//   error = y - x_0,   x' = T x + K error / F                                             (1)
+//   F' = F + w c_0^2,   K' = K + w c_0 T c,   c' = T c - (c_0 / F') K',
+//   w' = w + w^2 c_0^2 / F                                                                (2)
 bool FilterExactly(const Arma& arma, Eigen::MatrixXd& columns, Eigen::VectorXd& nu);
 
 // The same errors and variances by the innovations algorithm on the transformed process (Brockwell
 // and Davis 1991, section 5.3).
 bool FilterByThetas(const Arma& arma, Eigen::MatrixXd& columns, Eigen::VectorXd& nu);
 
-// Conditional errors: 0 for the first p periods and before, p the degree of the autoregression; nu
-// is 0 there and 1 afterwards.
+// Conditional errors, by equation (2) of Arima.h solved for a_t: 0 for the first p periods and
+// before, p the degree of the autoregression; nu is 0 there and 1 afterwards.
 bool FilterConditionally(const Arma& arma, Eigen::MatrixXd& columns, Eigen::VectorXd& nu);
 
 // The theta recursion of Brockwell and Davis (1991, equations 5.3.5 to 5.3.9) one row at a time,

@@ -26,6 +26,13 @@ namespace tsffit {
 
 namespace {
 
+// The largest error that arithmetic alone leaves of a value, as a share of it: some hundred times
+// the precision of doubles, for the terms that differences and filters add up.
+constexpr double kRounding = 1e-13;
+
+// What stands for a coefficient where only its being there counts.
+constexpr double kAnyCoefficient = 0.5;
+
 double FiniteOrMissing(double value) { return std::isfinite(value) ? value : MV::gMissingValue; }
 
 // One fit over its span, from transformation to model.
@@ -63,20 +70,21 @@ class ArimaFitter {
   bool HasRows(ArimaFit& fit) const {
     const Arma arma = LongestArma();
     std::size_t lost = FirstPeriod(spec_);
-    std::size_t needed = spec_.GetParameterCount(true) + 2;
+    std::size_t needed = spec_.GetParameterCount(true) + kSpareCases;
     if (options_.method == ArimaMethod::kCls) lost += arma.ar.size();
     needed = std::max({needed, arma.ar.size() + 1, arma.ma.size() + 1});
     for (unsigned i = 0; i < spec_.GetXCount(); ++i) {
-      const std::vector<double> ones(spec_.GetParameterCount(true), 0.5);
-      needed = std::max(needed, TransferFunctionOf(spec_, i, ones).denominator.size());
+      needed = std::max(needed, TransferFunctionOf(spec_, i, AnyParameters()).denominator.size());
     }
     const std::size_t there = CountObserved(observed_);
     return there >= lost + needed || Refuse(fit, TooShort(lost + needed, there));
   }
 
   // A noise model with every lag that the specification names.
-  Arma LongestArma() const {
-    return NoiseModel(spec_, std::vector<double>(spec_.GetParameterCount(true), 0.5));
+  Arma LongestArma() const { return NoiseModel(spec_, AnyParameters()); }
+
+  std::vector<double> AnyParameters() const {
+    return std::vector<double>(spec_.GetParameterCount(true), kAnyCoefficient);
   }
 
   bool CanEstimate(const Likelihood& likelihood, ArimaFit& fit) const {
@@ -89,7 +97,7 @@ class ArimaFitter {
       return Refuse(fit, FitStatus::kNotIdentified,
                     "the differences leave the range of numbers: their order is too high");
     }
-    const std::size_t needed = spec_.GetParameterCount(true) + 2;
+    const std::size_t needed = spec_.GetParameterCount(true) + kSpareCases;
     if (white.residuals < needed) {
       const std::size_t there = CountObserved(observed_);
       return Refuse(fit, TooShort(there + needed - white.residuals, there));
@@ -106,7 +114,7 @@ class ArimaFitter {
     for (const double z : data_.series) {
       if (!IsMissing(z)) largest = std::max(largest, std::abs(z));
     }
-    const double rounding = 1e-13 * largest;
+    const double rounding = kRounding * largest;
     return at.fit.sse <= rounding * rounding * static_cast<double>(at.residuals);
   }
 
@@ -184,32 +192,10 @@ class ArimaFitter {
     return fitted;
   }
 
+  // The record of the fit: what any series of forecasts has, then what the likelihood adds.
   EstimationInfo::Fields Statistics(const ArimaReplay& replay, const SearchSpace& space,
                                     const ArimaFit& fit) const {
-    std::vector<double> observed(observed_.begin(), observed_.end());
-    std::vector<double> modelled = modelled_;
-    std::vector<double> errors(observed.size(), MV::gMissingValue);
-    std::size_t scored = 0;
-    for (std::size_t t = 0; t < errors.size(); ++t) {
-      if (!IsMissing(replay.standardised[t])) {
-        ++scored;
-        errors[t] = modelled[t] - replay.predictions[t] * data_.unit;
-      } else {
-        observed[t] = MV::gMissingValue;
-      }
-    }
-    const FittedSeries all{.observed = observed,
-                           .fitted = std::span<const double>(fit.fitted).subspan(first_),
-                           .modelled = modelled,
-                           .modelled_errors = errors,
-                           .spent = scored - fit.summary.residuals};
-    unsigned regular = 0;
-    unsigned seasonal = 0;
-    spec_.GetYDiff(regular, seasonal);
-    EstimationInfo::Fields info = FitStatistics(
-        all, fit.summary.estimated,
-        {.regular = regular, .seasonal = seasonal, .season_length = spec_.GetSeasonLength(true)},
-        0);
+    EstimationInfo::Fields info = ForecastStatistics(replay, fit);
     info.span = {.start = first_, .length = observed_.size()};
     info.degrees_of_freedom = fit.summary.residuals - fit.summary.estimated;
     info.error_variance = fit.summary.error_variance;
@@ -219,14 +205,41 @@ class ArimaFitter {
     info.statistics[BFSharedConst::kAkaikeIC] = 2 * k - 2 * logLikelihood;
     info.statistics[BFSharedConst::kBayesIC] =
         k * std::log(static_cast<double>(fit.summary.residuals)) - 2 * logLikelihood;
-    unsigned noise = 0;
+    info.ljung_box =
+        LjungBoxTest(replay.standardised, options_.ljung_box_lags, NoiseCoefficients(space));
+    return info;
+  }
+
+  EstimationInfo::Fields ForecastStatistics(const ArimaReplay& replay, const ArimaFit& fit) const {
+    std::vector<double> observed(observed_.begin(), observed_.end());
+    std::vector<double> errors(observed.size(), MV::gMissingValue);
+    std::size_t scored = 0;
+    for (std::size_t t = 0; t < errors.size(); ++t) {
+      if (IsMissing(replay.standardised[t])) {
+        observed[t] = MV::gMissingValue;
+        continue;
+      }
+      ++scored;
+      errors[t] = modelled_[t] - replay.predictions[t] * data_.unit;
+    }
+    const FittedSeries all{.observed = observed,
+                           .fitted = std::span<const double>(fit.fitted).subspan(first_),
+                           .modelled = modelled_,
+                           .modelled_errors = errors,
+                           .spent = scored - fit.summary.residuals};
+    Differencing differencing{.season_length = spec_.GetSeasonLength(true)};
+    spec_.GetYDiff(differencing.regular, differencing.seasonal);
+    return FitStatistics(all, fit.summary.estimated, differencing, 0);
+  }
+
+  static unsigned NoiseCoefficients(const SearchSpace& space) {
+    unsigned count = 0;
     for (const Block& block : space.Blocks()) {
       if (block.kind == BlockKind::kAr || block.kind == BlockKind::kMa) {
-        noise += static_cast<unsigned>(block.Count());
+        count += static_cast<unsigned>(block.Count());
       }
     }
-    info.ljung_box = LjungBoxTest(replay.standardised, options_.ljung_box_lags, noise);
-    return info;
+    return count;
   }
 
   std::span<const double> series_;

@@ -50,6 +50,10 @@ constexpr double kNearestDecay = 1e-9;
 // A root this near to the unit circle, or a decay to the end of its range, is on it.
 constexpr double kEdge = 1e-3;
 
+// Coefficients outside the region are taken towards 0, by this factor at a time, until they are in
+// it.
+constexpr double kTowardsZero = 0.9;
+
 std::span<const double> CoefficientsOf(const Block& block, const std::vector<double>& parameters) {
   return std::span<const double>(parameters).subspan(block.first, block.Count());
 }
@@ -158,7 +162,7 @@ Eigen::VectorXd SearchSpace::PointAt(const std::vector<double>& parameters) cons
     std::vector<double> c(given.begin(), given.end());
     if (block.kind == BlockKind::kDecay) c[0] = std::clamp(c[0], kNearestDecay, 1 - kNearestDecay);
     while (!Inside(block, c)) {
-      for (double& value : c) value = std::isfinite(value) ? value * 0.9 : 0;
+      for (double& value : c) value = std::isfinite(value) ? value * kTowardsZero : 0;
     }
     ToCoordinates(block, c);
     x = std::copy(c.begin(), c.end(), x);

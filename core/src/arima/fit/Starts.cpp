@@ -7,11 +7,21 @@ namespace tsffit {
 
 namespace {
 
+// Where nothing is known about a decay.
+constexpr double kMiddleDecay = 0.5;
+
+// Order of the long autoregression: 10 log10(n) lags, as R's ar() takes by default, at most a
+// quarter of the cases.
+Eigen::Index LongOrder(Eigen::Index cases) {
+  const double lags = std::ceil(10 * std::log10(static_cast<double>(cases)));
+  return std::min(static_cast<Eigen::Index>(lags), cases / 4);
+}
+
 // The series less its linear effects, all noise taken as white; 0 where it is missing.
 Eigen::VectorXd WhiteResiduals(const Likelihood& likelihood, const SearchSpace& space) {
   std::vector<double> parameters(likelihood.GetDesign().Spec().GetParameterCount(true), 0.0);
   for (const Block& block : space.Blocks()) {
-    if (block.kind == BlockKind::kDecay) parameters[block.first] = 0.5;
+    if (block.kind == BlockKind::kDecay) parameters[block.first] = kMiddleDecay;
   }
   return likelihood.At(std::move(parameters)).fit.residuals;
 }
@@ -37,52 +47,75 @@ bool IsNoiseFactor(const Block& block) {
   return block.kind == BlockKind::kAr || block.kind == BlockKind::kMa;
 }
 
-}  // namespace
-
-std::optional<Eigen::VectorXd> HannanRissanenStart(const Likelihood& likelihood,
-                                                   const SearchSpace& space) {
-  Eigen::Index largest = 0;
+// Coefficients and longest lag of the noise factors.
+struct NoiseLags {
   Eigen::Index count = 0;
+  Eigen::Index largest = 0;
+};
+
+NoiseLags LagsOf(const SearchSpace& space) {
+  NoiseLags lags;
   for (const Block& block : space.Blocks()) {
     if (!IsNoiseFactor(block)) continue;
     for (std::uint32_t i = 0; i < block.Count(); ++i) {
-      largest = std::max(largest, static_cast<Eigen::Index>(block.lags.GetPower(i)));
-      ++count;
+      lags.largest = std::max(lags.largest, static_cast<Eigen::Index>(block.lags.GetPower(i)));
+      ++lags.count;
     }
   }
-  const Eigen::VectorXd series = WhiteResiduals(likelihood, space);
-  const Eigen::Index cases = series.size();
-  const auto order = std::min(
-      static_cast<Eigen::Index>(std::ceil(10 * std::log10(static_cast<double>(cases)))), cases / 4);
-  const Eigen::Index first = space.Has(BlockKind::kMa) ? order + largest : largest;
-  if (count == 0 || order < 1 || cases - first < count + 2) return std::nullopt;
+  return lags;
+}
 
-  const Eigen::VectorXd innovations = LongAutoregression(series, order);
-  Eigen::MatrixXd regressors(cases - first, count);
+// The series' own lags and those of the innovations, a column for each noise coefficient, for the
+// rows from `first` on.
+Eigen::MatrixXd LaggedColumns(const SearchSpace& space, const Eigen::VectorXd& series,
+                              const Eigen::VectorXd& innovations, Eigen::Index first,
+                              Eigen::Index count) {
+  Eigen::MatrixXd columns(series.size() - first, count);
   Eigen::Index column = 0;
   for (const Block& block : space.Blocks()) {
     if (!IsNoiseFactor(block)) continue;
     for (std::uint32_t i = 0; i < block.Count(); ++i) {
       const std::size_t lag = block.lags.GetPower(i);
       if (block.kind == BlockKind::kAr) {
-        regressors.col(column++) = Lagged(series, first, lag);
+        columns.col(column++) = Lagged(series, first, lag);
       } else {
-        regressors.col(column++) = -Lagged(innovations, first, lag);
+        columns.col(column++) = -Lagged(innovations, first, lag);
       }
     }
   }
-  const LeastSquaresFit fit = SolveLeastSquares(series.tail(cases - first), regressors);
+  return columns;
+}
 
+// The parameter vector with these noise coefficients, in the order of the blocks.
+std::vector<double> ParametersWith(const Eigen::VectorXd& noise, const Likelihood& likelihood,
+                                   const SearchSpace& space) {
   std::vector<double> parameters(likelihood.GetDesign().Spec().GetParameterCount(true), 0.0);
-  const double* value = fit.coefficients.data();
+  const double* value = noise.data();
   for (const Block& block : space.Blocks()) {
-    if (block.kind == BlockKind::kDecay) parameters[block.first] = 0.5;
+    if (block.kind == BlockKind::kDecay) parameters[block.first] = kMiddleDecay;
     if (!IsNoiseFactor(block)) continue;
     std::copy(value, value + block.Count(),
               parameters.begin() + static_cast<std::ptrdiff_t>(block.first));
     value += block.Count();
   }
-  return space.PointAt(parameters);
+  return parameters;
+}
+
+}  // namespace
+
+std::optional<Eigen::VectorXd> HannanRissanenStart(const Likelihood& likelihood,
+                                                   const SearchSpace& space) {
+  const auto [count, largest] = LagsOf(space);
+  const Eigen::VectorXd series = WhiteResiduals(likelihood, space);
+  const Eigen::Index order = LongOrder(series.size());
+  const Eigen::Index first = space.Has(BlockKind::kMa) ? order + largest : largest;
+  const Eigen::Index rows = series.size() - first;
+  if (count == 0 || order < 1 || rows < count + 2) return std::nullopt;
+
+  const Eigen::VectorXd innovations = LongAutoregression(series, order);
+  const LeastSquaresFit fit =
+      SolveLeastSquares(series.tail(rows), LaggedColumns(space, series, innovations, first, count));
+  return space.PointAt(ParametersWith(fit.coefficients, likelihood, space));
 }
 
 Eigen::VectorXd SpreadStart(const SearchSpace& space, const Spread& spread) {

@@ -26,12 +26,31 @@ struct Free {
 // A second difference this much larger than the noise in its values is curvature.
 constexpr double kSignal = 100;
 
+// Steps of the differences in coordinates, which are about 1 in size: a thousandth, and a hundredth
+// where that does not stand out from the noise (docs/decisions.md has what shorter ones did).
+constexpr double kStep = 1e-3;
+constexpr double kLongStep = 1e-2;
+
+// Steps in coefficients: shares of their size, or of kSmall where they are smaller; shorter than
+// kShortest they would be rounding.
+constexpr double kSmall = 0.1;
+constexpr double kShortest = 1e-8;
+
+// Moves of all coordinates too small to matter: the curvature changes the criterion by some 1e-16
+// over them, so that what it changes is noise.
+constexpr double kNoMove = 1e-9;
+constexpr int kNoMoves = 4;
+
+// A pivot of a matrix with a unit diagonal below this share is none: what is left of it after
+// elimination is rounding.
+constexpr double kLeastPivot = 1e-12;
+
 // The largest step, halved from a thousandth of the coefficient's size, that stays in the region
 // with something to spare; 0 when there is none.
 double StepWithin(const Block& block, std::vector<double> parameters, std::size_t position) {
   const double value = parameters[position];
-  double step = 1e-3 * std::max(std::abs(value), 0.1);
-  while (step > 1e-8) {
+  double step = kStep * std::max(std::abs(value), kSmall);
+  while (step > kShortest) {
     bool inside = true;
     for (const double side : {-2.0, 2.0}) {
       parameters[position] = value + side * step;
@@ -119,7 +138,7 @@ class Surroundings {
 
   // Lengths of steps to try, shortest first.
   std::vector<double> StepsOf(const Block& block, std::size_t i) const {
-    if (block.HasPartials() || block.kind == BlockKind::kDecay) return {1e-3, 1e-2};
+    if (block.HasPartials() || block.kind == BlockKind::kDecay) return {kStep, kLongStep};
     const double step = StepWithin(block, solution_.parameters, block.first + i);
     return step > 0 ? std::vector<double>{step} : std::vector<double>();
   }
@@ -140,8 +159,8 @@ class Surroundings {
   // The greatest difference that moves too small to matter make in the criterion.
   double Noise() const {
     double noise = 0;
-    for (int k = 1; k <= 4; ++k) {
-      const Eigen::VectorXd moved = point_.array() + 1e-9 * k;
+    for (int k = 1; k <= kNoMoves; ++k) {
+      const Eigen::VectorXd moved = point_.array() + kNoMove * k;
       const double difference = std::abs(CriterionAt(moved) - centre_);
       if (std::isfinite(difference)) noise = std::max(noise, difference);
     }
@@ -180,7 +199,7 @@ std::optional<Eigen::MatrixXd> InversePositive(const Eigen::MatrixXd& matrix) {
   if (!matrix.allFinite() || !(matrix.diagonal().array() > 0).all()) return std::nullopt;
   const Eigen::VectorXd scale = matrix.diagonal().cwiseSqrt().cwiseInverse();
   const Eigen::LDLT<Eigen::MatrixXd> factors(scale.asDiagonal() * matrix * scale.asDiagonal());
-  if (factors.info() != Eigen::Success || !(factors.vectorD().array() > 1e-12).all()) {
+  if (factors.info() != Eigen::Success || !(factors.vectorD().array() > kLeastPivot).all()) {
     return std::nullopt;
   }
   const Eigen::MatrixXd inverse =

@@ -24,8 +24,8 @@ struct LastNoise {
 std::optional<LastNoise> FindLastNoise(const std::valarray<double>& actual,
                                        const std::valarray<double>& predicted, std::size_t depth);
 
-// Predictions of the noise over `horizon` periods: `thetaAt(j, h)` multiplies the error j periods
-// before period h to come.
+// Predictions of the noise over `horizon` periods, by equation (2) of Arima.h solved for N_t:
+// `thetaAt(j, h)` multiplies the error j periods before period h to come.
 template <typename ThetaAt>
 std::vector<double> PredictNoise(const Arma& arma, LastNoise last, std::size_t horizon,
                                  const ThetaAt& thetaAt) {

@@ -46,7 +46,7 @@ struct Response {
   double before = 0;
 };
 
-// numerator / denominator of a series that had the value `before` for ever.
+// num(B) / den(B) of equation (1) of Arima.h, for a series that had the value `before` for ever.
 Response SteadyFilter(const Polynomial& numerator, const Polynomial& denominator,
                       const std::vector<double>& series, double before) {
   const double steady = before == 0 ? 0 : before * SumOf(numerator) / SumOf(denominator);

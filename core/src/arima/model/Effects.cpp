@@ -65,6 +65,7 @@ std::size_t PredictorDifferenceDegree(const AMModelSpec& spec, unsigned i) {
   return DegreeOf(regular, seasonal, spec.GetSeasonLength(true));
 }
 
+// Equations (3) and (4) of Arima.h.
 Arma NoiseModel(const AMModelSpec& spec, std::span<const double> parameters) {
   AMPowers regular;
   AMPowers seasonal;
@@ -74,6 +75,7 @@ Arma NoiseModel(const AMModelSpec& spec, std::span<const double> parameters) {
   return ArmaOf(phi, FactorProduct(parameters, ma, regular, seasonal));
 }
 
+// Equations (5) and (6) of Arima.h.
 TransferFunction TransferFunctionOf(const AMModelSpec& spec, unsigned i,
                                     std::span<const double> parameters) {
   TransferFunction transfer;
@@ -114,6 +116,7 @@ std::size_t FirstPeriod(const AMModelSpec& spec) {
   return first;
 }
 
+// The table (7) of Arima.h.
 double OutlierShape(int type, double decay, unsigned seasonLength, long steps) {
   if (steps < 0) return 0;
   switch (type) {

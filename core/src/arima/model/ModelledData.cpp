@@ -12,6 +12,11 @@ namespace tsffit {
 
 namespace {
 
+// The least variance of the differenced series that is no rounding, as a share of the square of the
+// largest value: deviations of 1e-12 of it, which leaves room above the 1e-16 of doubles for what
+// differences and sums multiply that by.
+constexpr double kRounding = 1e-24;
+
 // The size of the differenced series, whose unit the search works in; of the series where too
 // little is observed for differences.
 double UnitOf(const std::vector<double>& series, const Polynomial& difference) {
@@ -36,7 +41,7 @@ double UnitOf(const std::vector<double>& series, const Polynomial& difference) {
   }
   const double variance = count > 1 ? squares / count - sum * sum / (count * count) : 0;
   // What is left of a constant is rounding.
-  if (variance > 1e-24 * largest * largest) return std::sqrt(variance);
+  if (variance > kRounding * largest * largest) return std::sqrt(variance);
   return largest > 0 ? largest : 1;
 }
 

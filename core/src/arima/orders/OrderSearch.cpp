@@ -53,6 +53,7 @@ AMPowers Lags(unsigned count, unsigned step) {
 
 }  // namespace
 
+// Equation (1) of AutoArima.h.
 double CorrectedAkaike(const ArimaSummary& summary) {
   const double k = summary.estimated + 1.0;
   const double akaike = -2 * summary.log_likelihood + 2 * k;

@@ -10,15 +10,24 @@ namespace {
 constexpr std::size_t kSeasonalWindow = 11;
 constexpr int kPasses = 2;
 
+// Of the authors' program, which R's stl has, too: a distance beyond the first share of the width
+// has no weight, one within the second all of it; and points that spread over less than the second
+// share of the series tell no slope.
+constexpr double kFar = 0.999;
+constexpr double kNear = 0.001;
+
+// The trend's window in terms of the season, from section 3.4 of the paper: the least odd number
+// from 1.5 m / (1 - 1.5 / n_s), n_s the seasonal window.
+constexpr double kTrendShare = 1.5;
+
 std::size_t OddFrom(double least) {
   const auto n = static_cast<std::size_t>(std::ceil(least));
   return n % 2 == 0 ? n + 1 : n;
 }
 
-// With the bounds of the authors' program, which R's stl has, too.
 double Tricube(double distance, double width) {
-  if (distance > 0.999 * width) return 0;
-  if (distance <= 0.001 * width) return 1;
+  if (distance > kFar * width) return 0;
+  if (distance <= kNear * width) return 1;
   const double u = distance / width;
   const double v = 1 - u * u * u;
   return v * v * v;
@@ -74,8 +83,7 @@ double Loess(const std::vector<double>& y, std::size_t window, bool linear, doub
     sxx += w * dx * dx;
     sxy += w * dx * (y[i] - yMean);
   }
-  // Below this spread the points do not tell a slope.
-  if (std::sqrt(sxx) <= 0.001 * static_cast<double>(y.size() - 1)) return yMean;
+  if (std::sqrt(sxx) <= kNear * static_cast<double>(y.size() - 1)) return yMean;
   return yMean + (at - xMean) * sxy / sxx;
 }
 
@@ -124,8 +132,8 @@ std::vector<double> LowPass(const std::vector<double>& cycles, std::size_t seaso
 
 SeasonalDecomposition DecomposeSeason(std::span<const double> series, std::size_t seasonLength) {
   const std::size_t n = series.size();
-  const std::size_t trendWindow = OddFrom(1.5 * static_cast<double>(seasonLength) /
-                                          (1 - 1.5 / static_cast<double>(kSeasonalWindow)));
+  const std::size_t trendWindow = OddFrom(kTrendShare * static_cast<double>(seasonLength) /
+                                          (1 - kTrendShare / static_cast<double>(kSeasonalWindow)));
   SeasonalDecomposition parts{.season = std::vector<double>(n), .trend = std::vector<double>(n)};
   std::vector<double> rest(n);
   for (int pass = 0; pass < kPasses; ++pass) {

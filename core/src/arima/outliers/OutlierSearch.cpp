@@ -11,6 +11,7 @@
 #include <tsfcore/TSFModelImp.h>
 #include <tsffit/Outliers.h>
 
+#include "arima/fit/Check.h"
 #include "arima/model/Effects.h"
 #include "arima/model/ModelledData.h"
 #include "arima/outliers/JointFits.h"
@@ -301,9 +302,8 @@ Rules RulesOf(const OutlierSearch& search, const AMModelSpec& spec, std::size_t 
   rules.max_outliers = search.max_outliers > 0
                            ? search.max_outliers
                            : std::clamp<std::size_t>(observed / 20, 1, kMostOutliers);
-  // A fit asks for two cases more than coefficients, in the likelihood and after the longest lags.
   rules.max_coefficients = std::min(fit.summary.residuals, observed - FirstPeriod(spec)) -
-                           spec.GetParameterCount(true) - 2;
+                           spec.GetParameterCount(true) - kSpareCases;
   return rules;
 }
 
