@@ -10,6 +10,7 @@
 
 #include "arima/filter/NoiseFilter.h"
 #include "arima/filter/StateSpace.h"
+#include "arima/fit/OrdinaryPoint.h"
 #include "arima/model/Effects.h"
 
 namespace tsffit {
@@ -58,46 +59,6 @@ constexpr std::size_t kFew = 8;
 
 // What the filter leaves of an effect that is below this share of it is rounding.
 constexpr double kRounding = 1e-10;
-
-// Sets the first coefficient of each factor from position `at` on.
-void SetFirst(std::size_t at, const AMPowers& regular, const AMPowers& seasonal, double value,
-              std::vector<double>& parameters) {
-  if (regular.GetCount() > 0) parameters[at] = value;
-  if (seasonal.GetCount() > 0) parameters[at + regular.GetCount()] = value;
-}
-
-// The first coefficient of every factor at an ordinary point: any numbers inside the region, all
-// different, so that no factor is another's and none is 1 or cancels.
-constexpr double kOrdinaryAr = 0.3;
-constexpr double kOrdinaryMa = -0.4;
-constexpr double kOrdinaryNumerator = 0.25;
-constexpr double kOrdinaryDenominator = 0.35;
-constexpr double kOrdinaryDecay = 0.5;
-
-// Coefficients inside the region at which effects agree only when they agree everywhere. In white
-// noise, say, an innovational outlier is an additive one, in an autoregression it is not.
-std::vector<double> OrdinaryPoint(const AMModelSpec& spec) {
-  std::vector<double> parameters(spec.GetParameterCount(true), 0.0);
-  AMPowers regular;
-  AMPowers seasonal;
-  const std::size_t ar = spec.GetARStruct(regular, seasonal);
-  SetFirst(ar, regular, seasonal, kOrdinaryAr, parameters);
-  const std::size_t ma = spec.GetMAStruct(regular, seasonal);
-  SetFirst(ma, regular, seasonal, kOrdinaryMa, parameters);
-  for (unsigned i = 0; i < spec.GetXCount(); ++i) {
-    spec.GetXNumerator(i, regular, seasonal);
-    SetFirst(spec.GetXRegressionCoeff(i) + 1 + regular.GetCount(), {}, seasonal, kOrdinaryNumerator,
-             parameters);
-    const std::size_t denominator = spec.GetXDenominator(i, regular, seasonal);
-    SetFirst(denominator, regular, seasonal, kOrdinaryDenominator, parameters);
-  }
-  const TSOutlierSpecList& outliers = spec.GetOutliers();
-  for (unsigned j = 0; j < outliers.GetOutlierSpecCount(false); ++j) {
-    if (outliers.GetOutlierSpec(j).GetType() != TSOutlierSpec::kTransient) continue;
-    parameters[spec.GetOutlierParmIndex() + outliers.ParameterVectorIndex(j, 1)] = kOrdinaryDecay;
-  }
-  return parameters;
-}
 
 }  // namespace
 

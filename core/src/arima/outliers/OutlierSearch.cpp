@@ -1,21 +1,16 @@
 #include <algorithm>
 #include <boost/math/distributions/normal.hpp>
 #include <cmath>
-#include <limits>
 #include <set>
-#include <string>
 #include <utility>
 
-#include <tsfcore/ARMAForecastState.h>
-#include <tsfcore/MV.h>
-#include <tsfcore/TSFModelImp.h>
 #include <tsffit/Outliers.h>
 
 #include "arima/fit/Check.h"
 #include "arima/model/Effects.h"
 #include "arima/model/ModelledData.h"
+#include "arima/outliers/Detection.h"
 #include "arima/outliers/JointFits.h"
-#include "arima/outliers/OutlierScan.h"
 #include "series/Observed.h"
 #include "series/Refusal.h"
 #include "series/Transform.h"
@@ -23,29 +18,6 @@
 namespace tsffit {
 
 namespace {
-
-using Found = std::vector<FoundOutlier>;
-
-// What tells one outlier from another: case and type.
-using Place = std::pair<std::size_t, int>;
-
-Place PlaceOf(const FoundOutlier& outlier) { return {outlier.at, outlier.type}; }
-
-// In the order in which types with the same effect are taken.
-constexpr TSOutlierSpec::Type kTypes[] = {
-    TSOutlierSpec::kAdditive,         TSOutlierSpec::kLevel,
-    TSOutlierSpec::kTransient,        TSOutlierSpec::kInnovational,
-    TSOutlierSpec::kSeasonalAdditive, TSOutlierSpec::kTrend};
-
-// Log-likelihoods that differ by less are equal: a search leaves about 1e-6.
-constexpr double kEqual = 1e-4;
-
-// The scan, with parameters that do not know the outlier yet, may understate it by this share.
-constexpr double kWorthALook = 0.8;
-
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-
-constexpr int kRounds = 4;
 
 // Found at most, by default.
 constexpr std::size_t kMostOutliers = 20;
@@ -56,212 +28,9 @@ constexpr std::size_t kMostOutliers = 20;
 constexpr double kFalseAlarms = 0.05;
 constexpr double kTestsPerLook = 2;
 
-// How far the case of the largest tau may be from that of a rival.
-constexpr std::size_t kReach = 2;
-
-Found With(Found outliers, const FoundOutlier& added) {
-  outliers.insert(std::upper_bound(outliers.begin(), outliers.end(), added), added);
-  return outliers;
-}
-
-Found Without(Found outliers, std::size_t removed) {
-  outliers.erase(outliers.begin() + static_cast<std::ptrdiff_t>(removed));
-  return outliers;
-}
-
-// What the search goes by, everything filled in.
-struct Rules {
-  double critical_value = 0;
-  double decay = 0;
-  std::size_t max_outliers = 0;
-  std::size_t max_coefficients = 0;          // of outliers, for which there are cases
-  std::vector<TSOutlierSpec::Type> types{};  // in the order of kTypes
-};
-
-// The stages of Outliers.h for one model.
-class Detection {
- public:
-  Detection(JointFits& fits, const Rules& rules, std::set<Place> excluded)
-      : fits_(fits), rules_(rules), excluded_(std::move(excluded)) {}
-
-  Found Run() {
-    for (int round = 0; round < kRounds; ++round) {
-      const Found before = found_;
-      Grow();
-      if (found_.size() > 1) Improve();
-      Prune();
-      if (found_ == before) break;
-    }
-    return found_;
-  }
-
- private:
-  // Minus infinity for what cannot be fitted.
-  double LogLikelihood(const Found& outliers) {
-    if (Coefficients(outliers) > rules_.max_coefficients) return -kInfinity;
-    const JointFit& fit = fits_.With(outliers);
-    return fit.usable ? fit.log_likelihood : -kInfinity;
-  }
-
-  static std::size_t Coefficients(const Found& outliers) {
-    std::size_t count = 0;
-    for (const FoundOutlier& outlier : outliers) {
-      count += TSOutlierSpec(outlier.type, 0).GetParameterCount();
-    }
-    return count;
-  }
-
-  // The root of twice what `more` gains over `fewer`.
-  double Gain(const Found& more, const Found& fewer) {
-    const double gain = LogLikelihood(more) - LogLikelihood(fewer);
-    return gain > 0 ? std::sqrt(2 * gain) : 0;
-  }
-
-  FoundOutlier Candidate(std::size_t at, int type) const {
-    return {.at = at, .type = type, .decay = type == TSOutlierSpec::kTransient ? rules_.decay : 0};
-  }
-
-  bool IsExcluded(const Place& place) const {
-    return excluded_.count(place) > 0 || !fits_.Sees(place.first) ||
-           std::any_of(found_.begin(), found_.end(),
-                       [&](const FoundOutlier& outlier) { return PlaceOf(outlier) == place; });
-  }
-
-  // Stage I: adds the most likely outlier, and again.
-  void Grow() {
-    while (found_.size() < rules_.max_outliers) {
-      const std::vector<OutlierCandidate> rivals = Rivals();
-      if (rivals.empty()) return;
-      const FoundOutlier best = Settled(found_, Likeliest(found_, rivals));
-      const Found more = With(found_, best);
-      if (LogLikelihood(more) == -kInfinity) return;
-      // An outlier may hide behind others that swell the variance, but not from a robust scale.
-      if (std::max(Gain(more, found_), rivals.front().tau) < rules_.critical_value) return;
-      Take(found_, best);
-    }
-  }
-
-  // What is found is `others` and another one. A transient one whose decay leaves it without a size
-  // is no outlier, and does not come back.
-  void Take(const Found& others, const FoundOutlier& added) {
-    found_ = With(others, added);
-    if (added.type != TSOutlierSpec::kTransient) return;
-    found_ = fits_.WithDecays(std::move(found_));
-    if (!IsExcluded(PlaceOf(added))) excluded_.insert(PlaceOf(added));
-  }
-
-  // For every type the case of the largest tau, near that of the largest of all, which comes first.
-  // Empty when not even that is worth a look.
-  std::vector<OutlierCandidate> Rivals() {
-    const JointFit& fit = fits_.With(found_);
-    if (!fit.usable) return {};
-    const OutlierModel model = fits_.ModelWith(found_);
-    const Design design(model.spec, model.data);
-    const Likelihood likelihood(design, ArimaMethod::kMl);
-    const OutlierScan scan(likelihood, fit.parameters);
-    if (!scan.IsUsable()) return {};
-    std::vector<std::vector<double>> taus;
-    OutlierCandidate best;
-    for (const TSOutlierSpec::Type type : rules_.types) {
-      taus.push_back(scan.TausOf(type, rules_.decay));
-      Raise(best, type, taus.back(), 0, taus.back().size());
-    }
-    if (best.tau < kWorthALook * rules_.critical_value) return {};
-    std::vector<OutlierCandidate> rivals = {best};
-    for (std::size_t i = 0; i < taus.size(); ++i) {
-      if (rules_.types[i] == best.type) continue;
-      OutlierCandidate rival;
-      Raise(rival, rules_.types[i], taus[i], best.at - std::min(best.at, kReach),
-            std::min(best.at + kReach + 1, taus[i].size()));
-      if (rival.tau > 0) rivals.push_back(rival);
-    }
-    return rivals;
-  }
-
-  // Makes `best` the largest of `taus` from `begin` to `end` if that is larger.
-  void Raise(OutlierCandidate& best, int type, const std::vector<double>& taus, std::size_t begin,
-             std::size_t end) const {
-    for (std::size_t at = begin; at < end && at < taus.size(); ++at) {
-      if (taus[at] > best.tau && !IsExcluded({at, type})) {
-        best = {.type = type, .at = at, .tau = taus[at]};
-      }
-    }
-  }
-
-  FoundOutlier Likeliest(const Found& beside, std::vector<OutlierCandidate> rivals) {
-    std::sort(rivals.begin(), rivals.end(),
-              [](const auto& a, const auto& b) { return Rank(a.type) < Rank(b.type); });
-    FoundOutlier best = Candidate(rivals[0].at, rivals[0].type);
-    for (const OutlierCandidate& rival : rivals) {
-      const FoundOutlier other = Candidate(rival.at, rival.type);
-      if (IsLikelier(beside, other, best)) best = other;
-    }
-    return best;
-  }
-
-  static std::size_t Rank(int type) {
-    return static_cast<std::size_t>(std::find(std::begin(kTypes), std::end(kTypes), type) -
-                                    std::begin(kTypes));
-  }
-
-  bool IsLikelier(const Found& beside, const FoundOutlier& other, const FoundOutlier& best) {
-    return LogLikelihood(With(beside, other)) > LogLikelihood(With(beside, best)) + kEqual;
-  }
-
-  // The outlier, or the likelier of those of its type one case before and after.
-  FoundOutlier Settled(const Found& beside, FoundOutlier outlier) {
-    const FoundOutlier start = outlier;
-    for (const std::size_t at : {start.at - 1, start.at + 1}) {
-      if (at >= fits_.Cases() || IsExcluded({at, start.type})) continue;  // -1 is beyond all
-      const FoundOutlier other = Candidate(at, start.type);
-      if (IsLikelier(beside, other, outlier)) outlier = other;
-    }
-    return outlier;
-  }
-
-  // Stage II: another type or a neighbouring case for each outlier, where it is likelier beside the
-  // others. Decays begin anew, so that no type has been fitted to the data before the comparison.
-  void Improve() {
-    for (std::size_t i = 0; i < found_.size(); ++i) {
-      const Found others = Without(found_, i);
-      FoundOutlier best = Candidate(found_[i].at, found_[i].type);
-      for (const TSOutlierSpec::Type type : rules_.types) {
-        if (IsExcluded({best.at, type})) continue;
-        const FoundOutlier other = Candidate(best.at, type);
-        if (IsLikelier(others, other, best)) best = other;
-      }
-      best = Settled(others, best);
-      if (PlaceOf(best) == PlaceOf(found_[i])) continue;
-      Take(others, best);
-    }
-  }
-
-  // Stage II: the weakest goes while it is below the critical value, and does not come back.
-  void Prune() {
-    while (!found_.empty()) {
-      std::size_t weakest = 0;
-      double least = Gain(found_, Without(found_, 0));
-      for (std::size_t i = 1; i < found_.size(); ++i) {
-        const double gain = Gain(found_, Without(found_, i));
-        if (gain < least) {
-          least = gain;
-          weakest = i;
-        }
-      }
-      if (least >= rules_.critical_value) return;
-      excluded_.insert(PlaceOf(found_[weakest]));
-      found_ = Without(found_, weakest);
-    }
-  }
-
-  JointFits& fits_;
-  const Rules& rules_;
-  std::set<Place> excluded_;  // given ones, and those refused
-  Found found_;
-};
-
 bool IsType(TSOutlierSpec::Type type) {
-  return std::find(std::begin(kTypes), std::end(kTypes), type) != std::end(kTypes);
+  return std::find(std::begin(kOutlierTypes), std::end(kOutlierTypes), type) !=
+         std::end(kOutlierTypes);
 }
 
 bool CheckSearch(const OutlierSearch& search, ArimaFit& fit) {
@@ -279,10 +48,10 @@ bool CheckSearch(const OutlierSearch& search, ArimaFit& fit) {
   return true;
 }
 
-// What is looked for in a model with a season of `seasonLength`, in the order of kTypes.
+// What is looked for in a model with a season of `seasonLength`, in the order of kOutlierTypes.
 std::vector<TSOutlierSpec::Type> TypesOf(const OutlierSearch& search, unsigned seasonLength) {
   std::vector<TSOutlierSpec::Type> types;
-  for (const TSOutlierSpec::Type type : kTypes) {
+  for (const TSOutlierSpec::Type type : kOutlierTypes) {
     if (type == TSOutlierSpec::kSeasonalAdditive && seasonLength < 2) continue;
     if (std::find(search.types.begin(), search.types.end(), type) != search.types.end()) {
       types.push_back(type);
@@ -292,10 +61,10 @@ std::vector<TSOutlierSpec::Type> TypesOf(const OutlierSearch& search, unsigned s
 }
 
 // `fit` is that without the outliers to be found.
-Rules RulesOf(const OutlierSearch& search, const AMModelSpec& spec, std::size_t observed,
-              const ArimaFit& fit) {
-  Rules rules{.decay = search.transient_decay,
-              .types = TypesOf(search, spec.GetSeasonLength(true))};
+DetectionRules RulesOf(const OutlierSearch& search, const AMModelSpec& spec, std::size_t observed,
+                       const ArimaFit& fit) {
+  DetectionRules rules{.decay = search.transient_decay,
+                       .types = TypesOf(search, spec.GetSeasonLength(true))};
   rules.critical_value = search.critical_value > 0
                              ? search.critical_value
                              : CriticalOutlierValue(observed, rules.types.size());
@@ -308,8 +77,8 @@ Rules RulesOf(const OutlierSearch& search, const AMModelSpec& spec, std::size_t 
 }
 
 // The given outliers that the search could come upon.
-std::set<Place> Given(const TSOutlierSpecList& outliers) {
-  std::set<Place> given;
+std::set<OutlierPlace> Given(const TSOutlierSpecList& outliers) {
+  std::set<OutlierPlace> given;
   for (unsigned j = 0; j < outliers.GetOutlierSpecCount(false); ++j) {
     const TSOutlierSpec& outlier = outliers.GetOutlierSpec(j);
     if (outlier.GetStartIndex() < 0) continue;
@@ -319,7 +88,8 @@ std::set<Place> Given(const TSOutlierSpecList& outliers) {
 }
 
 // `spec` with the outliers found, whose cases count from case `first` of the series.
-TSOutlierSpecList Appended(const TSOutlierSpecList& given, const Found& found, std::size_t first) {
+TSOutlierSpecList Appended(const TSOutlierSpecList& given, const std::vector<FoundOutlier>& found,
+                           std::size_t first) {
   std::vector<TSOutlierSpec> outliers;
   for (unsigned j = 0; j < given.GetOutlierSpecCount(false); ++j) {
     outliers.push_back(given.GetOutlierSpec(j));
@@ -353,10 +123,10 @@ ArimaFit FitArimaDetectingOutliers(std::span<const double> series,
   AMModelSpec::Fields spec = CountedFrom(options.spec, first);
   ArimaData data = MakeArimaData(AMModelSpec(spec), modelled, predictors, first);
   const std::size_t observed = CountObserved(modelled);
-  const Rules rules = RulesOf(search, AMModelSpec(spec), observed, fit);
-  std::set<Place> given = Given(spec.outliers);
+  const DetectionRules rules = RulesOf(search, AMModelSpec(spec), observed, fit);
+  std::set<OutlierPlace> given = Given(spec.outliers);
   JointFits fits(std::move(spec), std::move(data));
-  const Found found = Detection(fits, rules, std::move(given)).Run();
+  const std::vector<FoundOutlier> found = DetectOutliers(fits, rules, std::move(given));
   if (found.empty()) return fit;
 
   ArimaOptions complete = options;
