@@ -1,3 +1,6 @@
+// FitAutoArima() stands above the search for orders: it looks for outliers in the model found, and
+// for the orders again beside them.
+
 #include <cmath>
 #include <utility>
 
