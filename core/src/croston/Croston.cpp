@@ -1,7 +1,6 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
-#include <utility>
 
 #include <tsffit/Croston.h>
 
@@ -25,7 +24,7 @@ bool IsWeight(const std::optional<double>& weight) {
 
 bool CheckOptions(const CrostonOptions& options, CrostonFit& fit) {
   if (auto fault = NoSuchTransformation(options.function_type)) {
-    return Refuse(fit, std::move(*fault));
+    return Refuse(fit, *fault);
   }
   if (!IsWeight(options.size_weight) || !IsWeight(options.interval_weight) ||
       !IsWeight(options.error_weight)) {
@@ -46,7 +45,7 @@ bool CheckSeries(std::span<const double> series, CrostonFit& fit) {
     auto fault = IsMissing(series[t]) ? std::nullopt : ValueFault(series[t]);
     if (!fault) continue;
     fit.bad_case = t;
-    return Refuse(fit, std::move(*fault));
+    return Refuse(fit, *fault);
   }
   if (FirstObserved(series) == series.size()) return Refuse(fit, NothingObserved());
   if (std::none_of(series.begin(), series.end(), IsDemand)) {

@@ -14,7 +14,7 @@ using GradientFunction =
     std::function<double(std::span<const double> x, std::span<double> gradient)>;
 
 struct LbfgsOptions {
-  int max_evaluations = 1000;
+  int max_evaluations = 1000;     // ends with the step in which so many have been made
   double absolute_tolerance = 0;  // stop when a step lowers the value by less; 0: never for this
   double relative_tolerance = 0;  // or by less than this share of it
   double target = -std::numeric_limits<double>::infinity();  // or when the value is below this

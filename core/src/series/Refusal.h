@@ -18,9 +18,9 @@ struct Fault {
 
 // Writes a refusal into a fit of any method; always false, for `return Refuse(...)`.
 template <class Fit>
-bool Refuse(Fit& fit, Fault fault) {
+bool Refuse(Fit& fit, const Fault& fault) {
   fit.status = fault.status;
-  fit.message = std::move(fault.message);
+  fit.message = fault.message;
   return false;
 }
 

@@ -1,7 +1,6 @@
 #include "smoothing/Check.h"
 
 #include <optional>
-#include <utility>
 #include <vector>
 
 #include "series/Observed.h"
@@ -18,7 +17,7 @@ bool CheckOptions(const SmoothingOptions& options, SmoothingFit& fit) {
     return Refuse(fit, FitStatus::kBadOptions, "no such kind of exponential smoothing");
   }
   if (auto fault = NoSuchTransformation(options.function_type)) {
-    return Refuse(fit, std::move(*fault));
+    return Refuse(fit, *fault);
   }
   if (TraitsOf(options.kind).season != Season::kNone && options.season_length < 2) {
     return Refuse(fit, FitStatus::kBadOptions,
@@ -74,7 +73,7 @@ bool CheckSeries(std::span<const double> series, const SmoothingOptions& options
     auto fault = IsMissing(series[t]) ? std::nullopt : ValueFault(series[t], options);
     if (!fault) continue;
     fit.bad_case = t;
-    return Refuse(fit, std::move(*fault));
+    return Refuse(fit, *fault);
   }
   return CheckLength(series, options, fit);
 }

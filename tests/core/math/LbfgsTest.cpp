@@ -42,12 +42,27 @@ TEST(Lbfgs, StaysWithinItsBounds) {
   EXPECT_DOUBLE_EQ(x[1], -1);
 }
 
-TEST(Lbfgs, EndsAfterAsManyEvaluationsAsItMayMake) {
-  std::vector<double> x = {0, 0};
-  const LbfgsSummary summary =
-      LowerByLbfgs(Bowl, {.max_evaluations = 2, .forbidden = 100}, kBowlAtZero, x);
-  EXPECT_LE(summary.evaluations, 2);
-  EXPECT_LE(summary.value, kBowlAtZero);
+// 100 (y - x^2)^2 + (1 - x)^2
+double Valley(std::span<const double> x, std::span<double> gradient) {
+  const double beside = x[1] - x[0] * x[0];
+  gradient[0] = -400 * x[0] * beside - 2 * (1 - x[0]);
+  gradient[1] = 200 * beside;
+  return 100 * beside * beside + (1 - x[0]) * (1 - x[0]);
+}
+constexpr double kValleyStart = 24.2;  // at (-1.2, 1)
+
+// A step takes a few evaluations.
+TEST(Lbfgs, EndsWithTheStepInWhichItsEvaluationsRunOut) {
+  std::vector<double> toTheEnd = {-1.2, 1};
+  std::vector<double> cutShort = {-1.2, 1};
+  const LbfgsSummary all =
+      LowerByLbfgs(Valley, {.relative_tolerance = 1e-12, .forbidden = 100}, kValleyStart, toTheEnd);
+  const LbfgsSummary some =
+      LowerByLbfgs(Valley, {.max_evaluations = 5, .forbidden = 100}, kValleyStart, cutShort);
+  EXPECT_GT(all.evaluations, 20);
+  EXPECT_LT(some.evaluations, 10);
+  EXPECT_LT(some.value, kValleyStart);
+  EXPECT_LT(all.value, 1e-8);
 }
 
 TEST(Lbfgs, TurnsBackFromWhereTheFunctionHasNoValue) {

@@ -87,7 +87,7 @@ bool CheckSpec(std::span<const double> series, std::size_t predictors, const Ari
     return BadOptions(fit, "no such method");
   }
   if (auto fault = NoSuchTransformation(spec.y_transform.GetFunctionType())) {
-    return Refuse(fit, std::move(*fault));
+    return Refuse(fit, *fault);
   }
   if (spec.season_length == 0) return BadOptions(fit, "a season has at least 1 period");
   if (!CheckOrders(spec.non_seasonal_diff, spec.seasonal_diff, spec.season_length, fit) ||
@@ -122,7 +122,7 @@ bool CheckValues(std::span<const double> series, int function, ArimaFit& fit) {
     auto fault = IsMissing(series[t]) ? std::nullopt : ValueFault(series[t], function);
     if (!fault) continue;
     fit.bad_case = t;
-    return Refuse(fit, std::move(*fault));
+    return Refuse(fit, *fault);
   }
   return true;
 }
@@ -152,7 +152,7 @@ bool CheckPredictorValues(std::span<const double> series, const std::vector<doub
                                       : ValueFault(values[t], function);
     if (!fault) continue;
     fit.bad_case = t;
-    return Refuse(fit, std::move(*fault));
+    return Refuse(fit, *fault);
   }
   return true;
 }
