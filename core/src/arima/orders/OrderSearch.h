@@ -21,6 +21,7 @@ struct ArmaOrders {
   unsigned P = 0;
   unsigned Q = 0;
   bool constant = false;
+  // NOLINTNEXTLINE(modernize-use-nullptr): the check sees the 0 that <=> is compared with
   friend auto operator<=>(const ArmaOrders&, const ArmaOrders&) = default;
 };
 

@@ -18,6 +18,7 @@ struct FoundOutlier {
   std::size_t at = 0;
   int type = 0;
   double decay = 0;  // of a transient one; 0 for others
+  // NOLINTNEXTLINE(modernize-use-nullptr): the check sees the 0 that <=> is compared with
   friend auto operator<=>(const FoundOutlier&, const FoundOutlier&) = default;
 };
 
