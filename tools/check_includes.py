@@ -1,149 +1,159 @@
 #!/usr/bin/env python3
-"""Holds the picture of the house: which folder may include which.
+"""Holds the picture of the house: which room may include which.
 
-Reads every C++ file that git tracks or would track, and fails with one line per include that runs
-against the arrows. Quoted includes are paths from the repository root; angled ones count where
-they name a header of ours.
+Reads every C++ file that git tracks or would track. Fails with one line per include that runs
+against the arrows or leads nowhere and per file that stands in no room, and when the arrows
+themselves go round in a circle or lead to a room that is not there.
 """
+import graphlib
 import re
 import subprocess
 import sys
 from pathlib import Path
 
-PUBLIC = {"include", "contract"}  # ground floor
-BELOW_DIALECTS = {"dialect", "dictionary", "datespec", "datespec/write", "xml"} | PUBLIC
+# A room is a folder with all below it that is no room of its own, or a single file. Behind it stand
+# the rooms that it may include beside itself.
+CONTRACT = "core/include/tsfcore"
+FITTING = "core/include/tsffit"
+TIMES = "include/tsxtimes"
+PUBLIC = {"include/tsxport", "include/tsxport/xml", CONTRACT}
 ARROWS = {
-    "kinds": {"kinds", "contract"},
-    "include": {"include", "contract"},
-    "contract": {"contract"},
-    "core/include/tsffit": {"core/include/tsffit", "contract"},
-    "xml": {"xml", "include/xml"},
-    "datespec": {"datespec"} | PUBLIC,
-    "datespec/calendar": {"datespec/calendar"} | PUBLIC,
-    "datespec/write": {"datespec/write", "datespec", "xml"} | PUBLIC,
-    "dictionary": {"dictionary", "datespec/calendar"} | PUBLIC,
-    "dialect": {"dialect", "dictionary", "xml"} | PUBLIC,
-    "export": {"export", "dialect", "dictionary", "xml"} | PUBLIC,  # and the dialects
-    "objstream": {"objstream", "xml", "include"},
-    "text": {"text"},
-    "times": {"times"} | PUBLIC,  # its public headers, which is all that hosts see
-    "times/text": {"times/text", "times"},
-    "times/clock": {"times/clock", "times/text", "times"},
-    "times/axis": {"times/axis", "times/clock", "times/text", "times"} | PUBLIC,
-    "models": {"models", "times", "text", "kinds", "core/include/tsffit"} | PUBLIC,
-    "report": {"report", "models", "times", "text"} | PUBLIC,
-    "cli": {"cli", "text"},  # the errors that end a run
-    "cli/system": {"cli/system", "cli", "text"},
-    "cli/table": {"cli/table", "cli", "models", "times", "text"} | PUBLIC,
-    "cli/options": {"cli/options", "cli", "models", "times", "text", "core/include/tsffit"} | PUBLIC,
-    "cli/commands": {"cli/commands", "cli/options", "cli/table", "cli/system", "cli", "report",
-                     "models", "times", "text", "core/include/tsffit"} | PUBLIC,
+    # Ground floor. Of the writer's headers those of the XML layer know no core.
+    CONTRACT: set(),
+    FITTING: {CONTRACT},
+    "kinds": {CONTRACT},
+    "include/tsxport/xml": set(),
+    "include/tsxport": {"include/tsxport/xml", CONTRACT},
+    TIMES: PUBLIC,
+    # The writer; its dialects are added below.
+    "xml": {"include/tsxport/xml"},
+    "objstream": {"xml", "include/tsxport", "include/tsxport/xml"},
+    "datespec": PUBLIC,  # the names that its element is written and read with
+    "datespec/calendar": PUBLIC,
+    "datespec/write": {"datespec", "xml"} | PUBLIC,
+    "dictionary": {"datespec/calendar"} | PUBLIC,
+    "dialect": {"dictionary", "xml"} | PUBLIC,
+    "export": {"dialect", "dictionary", "xml"} | PUBLIC,
+    # Times, a client of the writer's public headers.
+    "times/text": {TIMES},
+    "times/clock": {"times/text", TIMES},
+    "times/axis": {"times/clock", "times/text", TIMES} | PUBLIC,
+    # What hosts share, and the hosts.
+    "text": set(),
+    "models": {"text", "kinds", TIMES, FITTING} | PUBLIC,
+    "report": {"models", "text", TIMES, FITTING} | PUBLIC,
+    "cli": {"text"},  # the errors that end a run
+    "cli/system": {"cli", "text"},
+    "cli/table": {"cli", "models", "text", TIMES} | PUBLIC,
+    "cli/options": {"cli", "models", "text", TIMES, FITTING} | PUBLIC,
+    "cli/commands": {"cli/options", "cli/table", "cli/system", "cli", "report", "models", "text",
+                     TIMES, FITTING} | PUBLIC,
     "cli/main.cpp": {"cli/commands", "cli/system"},
-    "examples": {"examples", "times", "core/include/tsffit"} | PUBLIC,
+    "examples": {TIMES, FITTING} | PUBLIC,
 }
-# The rooms of the core, each with the rooms that it may see beside itself and the ground floor. The
-# implementation of the contract sees nothing of our own: it is what any core has to bring.
-CORE_GROUND = {"core/include/tsffit", "kinds", "contract"}
-CORE_BELOW_FAMILIES = {"series", "math"}
-CORE_ARIMA_FIT = {"arima/fit", "arima/filter", "arima/model"} | CORE_BELOW_FAMILIES
-CORE_ROOMS = {
-    "math": set(),
-    "series": {"math"},
-    "smoothing": CORE_BELOW_FAMILIES,
-    "croston": CORE_BELOW_FAMILIES,
-    "arima/model": CORE_BELOW_FAMILIES,
-    "arima/filter": {"arima/model"} | CORE_BELOW_FAMILIES,
-    "arima/forecast": {"arima/filter", "arima/model"} | CORE_BELOW_FAMILIES,
-    "arima/fit": CORE_ARIMA_FIT,
-    "arima/orders": CORE_ARIMA_FIT,
-    "arima/outliers": {"arima/orders"} | CORE_ARIMA_FIT,
-    "dispatch": {"smoothing", "croston", "arima/forecast", "arima/filter", "arima/model"}
-    | CORE_BELOW_FAMILIES,
-}
+# The core. Its implementation of the contract sees nothing else of ours: it is what any core has to
+# bring. Mathematics knows no fit.
+SERIES = {"core/src/series", "core/src/math", "kinds", FITTING, CONTRACT}
+ARIMA_MODEL = {"core/src/arima/model"} | SERIES
+ARIMA_FILTER = {"core/src/arima/filter"} | ARIMA_MODEL
+ARIMA_FIT = {"core/src/arima/fit"} | ARIMA_FILTER
 ARROWS |= {
-    f"core/src/{room}": {f"core/src/{seen}" for seen in seen_rooms | {room}} | CORE_GROUND
-    for room, seen_rooms in CORE_ROOMS.items()
+    "core/src/contract": {"kinds", CONTRACT},
+    "core/src/math": {CONTRACT},
+    "core/src/series": SERIES - {"core/src/series"},
+    "core/src/smoothing": SERIES,
+    "core/src/croston": SERIES,
+    "core/src/arima/model": SERIES,
+    "core/src/arima/filter": ARIMA_MODEL,
+    "core/src/arima/fit": ARIMA_FILTER,
+    "core/src/arima/forecast": ARIMA_FILTER,
+    "core/src/arima/orders": ARIMA_FIT,
+    "core/src/arima/outliers": {"core/src/arima/orders"} | ARIMA_FIT,
+    "core/src/dispatch": {"core/src/smoothing", "core/src/croston", "core/src/arima/forecast"}
+    | ARIMA_FILTER,
+    "core/src/Version.cpp": {FITTING},
 }
-ARROWS["core/src/math"] -= {"core/include/tsffit"}  # mathematics knows no fit
-ARROWS["core/src/contract"] = {"core/src/contract", "kinds", "contract"}
-ARROWS["core/src"] = {"core/include/tsffit"}  # the version, which belongs to no room
 # Tests, benchmarks and fuzz targets may look everywhere.
 FREE = {"tests", "bench", "fuzz"}
-# The public headers that the XML layer implements; it must see no other, since the rest of the
-# public headers know the core.
+# The headers of include/tsxport that the XML layer implements. It must see no other, since the rest
+# know the core.
 XML_HEADERS = {
     "Export.h", "Version.h", "XMLInterface.h", "XMLElement.h", "XMLAttribute.h", "XMLString.h",
     "XMLDocType.h", "ExportFormat.h", "XMLUtil.h", "WriteTree.h", "NumberFormat.h",
 }
+# Headers that are included in angles, by the first part of their names, and where they stand.
+ANGLED = {"tsxport": "include", "tsxtimes": "include", "tsfcore": "core/include",
+          "tsffit": "core/include"}
+GENERATED = {"include/tsxport/Version.h"}
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')
+
+
+def includes_of(path):
+    """(line number, '<' or '"', target) of every include."""
+    for number, line in enumerate(Path(path).read_text(encoding="utf-8").splitlines(), start=1):
+        match = INCLUDE.match(line)
+        if match:
+            yield number, match[1], match[2]
 
 
 def add_dialects(listing="export/Dialects.cpp"):
     """Each dialect that the list includes has its room, NAME with NAME/write, and sees no other."""
-    for line in Path(listing).read_text(encoding="utf-8").splitlines():
-        match = INCLUDE.match(line)
-        if match and "/write/" in match[2]:
-            name = match[2].split("/", 1)[0]
-            ARROWS[name] = {name, "datespec"} | PUBLIC
-            ARROWS[f"{name}/write"] = {f"{name}/write", name} | BELOW_DIALECTS
-            ARROWS["export"].add(f"{name}/write")
+    for _, _, target in includes_of(listing):
+        name, _, rest = target.partition("/")
+        if rest.startswith("write/"):
+            ARROWS[name] = {"datespec"} | PUBLIC
+            ARROWS[f"{name}/write"] = {name, "dialect", "dictionary", "datespec", "datespec/write",
+                                       "xml", "kinds"} | PUBLIC
+            ARROWS["export"] = ARROWS["export"] | {f"{name}/write"}
 
 
-def room_of_folder(text):
-    """The innermost room that a path from the root leads into, or None."""
-    folder = Path(text).parent
-    for place in (folder, *folder.parents):
-        if place.as_posix() in ARROWS or place.as_posix() in FREE:
+def faults_of_picture():
+    faults = [f"{room}: there is no room {seen}"
+              for room, rooms in ARROWS.items() for seen in sorted(rooms - ARROWS.keys())]
+    try:
+        graphlib.TopologicalSorter(ARROWS).prepare()
+    except graphlib.CycleError as error:
+        faults.append("the arrows go round in a circle: " + " -> ".join(error.args[1]))
+    faults += [f"{room}: the room is in the picture and not in the house"
+               for room in ARROWS if room != "include/tsxport/xml" and not Path(room).exists()]
+    return faults
+
+
+def room_of(path):
+    """The innermost room that a file stands in; None when it is in none."""
+    path = Path(path)
+    if path.parent.as_posix() == "include/tsxport" and path.name in XML_HEADERS:
+        return "include/tsxport/xml"
+    for place in (path, *path.parents):
+        if place.as_posix() in ARROWS:
             return place.as_posix()
     return None
 
 
-def place_of_file(path):
-    """The room that a file stands in, or None when it is not part of the house."""
-    text = path.as_posix()
-    for prefix, room in (
-        ("core/include/tsfcore/", "contract"),
-        ("core/include/tsffit/", "core/include/tsffit"),
-        ("include/tsxport/", "include"),
-        ("include/tsxtimes/", "times"),
-    ):
-        if text.startswith(prefix):
-            return room
-    if text.startswith("core/"):
-        return path.parent.as_posix()
-    return text if text in ARROWS else room_of_folder(text)
-
-
-def places_of_include(kind, target, source):
-    """The rooms an include leads to: any of them being allowed will do."""
+def file_of(kind, target, source):
+    """The file of ours that an include leads to; None for those of other people."""
     if kind == "<":
-        if target.startswith("tsfcore/"):
-            return {"contract"}
-        if target.startswith("tsffit/"):
-            return {"core/include/tsffit"}
-        if target.startswith("tsxport/"):
-            name = target.split("/", 1)[1]
-            return {"include", "include/xml"} if name in XML_HEADERS else {"include"}
-        return {"times"} if target.startswith("tsxtimes/") else None
-    if source.startswith("core/src/") and not target.startswith("kinds/"):
-        return {f"core/src/{target.rpartition('/')[0]}"}  # its include root is its own folder
-    return {room_of_folder(target) or target}
+        root = ANGLED.get(target.split("/", 1)[0])
+        return f"{root}/{target}" if root else None
+    in_core = f"core/src/{target}"  # which is an include root of its own
+    return in_core if source.startswith("core/src/") and Path(in_core).exists() else target
 
 
-def check(path):
-    room = place_of_file(path)
-    if room is None or room in FREE:
+def faults_of_file(path):
+    if path.split("/", 1)[0] in FREE:
         return []
-    if room not in ARROWS:
-        return [f"{path}: no room of this name is in the picture: {room}"]
+    room = room_of(path)
+    if room is None:
+        return [f"{path}: stands in no room of the picture"]
     faults = []
-    for number, line in enumerate(path.read_text(encoding="utf-8").splitlines(), start=1):
-        match = INCLUDE.match(line)
-        if not match:
+    for number, kind, target in includes_of(path):
+        file = file_of(kind, target, path)
+        if file is None:
             continue
-        rooms = places_of_include(match[1], match[2], path.as_posix())
-        if rooms is not None and not rooms & ARROWS[room]:
-            faults.append(f"{path}:{number}: {room} must not include {match[2]}")
+        if not Path(file).exists() and file not in GENERATED:
+            faults.append(f"{path}:{number}: {target} is not there")
+        elif room_of(file) not in ARROWS[room] | {room}:
+            faults.append(f"{path}:{number}: {room} must not include {target}")
     return faults
 
 
@@ -151,12 +161,13 @@ def main():
     listing = subprocess.run(
         ["git", "ls-files", "-co", "--exclude-standard", "--", "*.h", "*.cpp"],
         check=True, capture_output=True, text=True).stdout
-    files = [Path(name) for name in listing.splitlines() if Path(name).exists()]
+    files = [name for name in listing.splitlines() if Path(name).exists()]
     if not files:
         sys.exit("no C++ files found: run this inside the checkout")
     add_dialects()
-    faults = [fault for path in files for fault in check(path)]
-    print("\n".join(faults) if faults else f"include arrows hold in {len(files)} files")
+    faults = faults_of_picture() + [fault for path in files for fault in faults_of_file(path)]
+    print("\n".join(faults) if faults else
+          f"include arrows hold between {len(ARROWS)} rooms in {len(files)} files")
     return 1 if faults else 0
 
 
