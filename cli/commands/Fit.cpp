@@ -1,9 +1,178 @@
 #include "cli/commands/Fit.h"
 
-#include "cli/commands/FitCommand.h"
+#include <algorithm>
+#include <filesystem>
+#include <optional>
+#include <system_error>
+
+#include "cli/commands/DialectCheck.h"
+#include "cli/commands/Document.h"
+#include "cli/commands/FitOptions.h"
+#include "cli/system/Jobs.h"
+#include "cli/system/Progress.h"
+#include "cli/system/SafeFile.h"
+#include "cli/table/CsvReader.h"
+#include "cli/table/SeriesReader.h"
+#include "report/ForecastTable.h"
+#include "report/Plot.h"
+#include "report/Summary.h"
+#include "text/Quoting.h"
+#include "text/Words.h"
 
 namespace tsx::cli {
 namespace {
+
+using models::SeriesFit;
+
+bool IsSameFile(const std::string& a, const std::string& b) {
+  std::error_code error;
+  return TargetOf(a) == TargetOf(b) || std::filesystem::equivalent(a, b, error);
+}
+
+// No output may fall on the input, or on another output.
+void CheckPaths(const FitOptions& options) {
+  const bool toFile = !options.output.empty() && options.output != "-";
+  const auto refuse = [](const char* option, const std::string& path, const char* what) {
+    throw UsageError(std::string(option) + ": " + text::Quoted(path) + " is " + what);
+  };
+  if (toFile && IsSameFile(options.output, options.input)) {
+    refuse("-o", options.output, "the input file");
+  }
+  if (options.plot.empty()) return;
+  if (IsSameFile(options.plot, options.input)) refuse("--plot", options.plot, "the input file");
+  if (toFile && IsSameFile(options.plot, options.output)) {
+    refuse("--plot", options.plot, "the file of -o");
+  }
+}
+
+// What is asked of the calendar must be possible on every axis.
+void CheckAxes(const std::vector<TableSeries>& all, const FitOptions& options) {
+  for (const auto& [series, places] : all) {
+    const tsxtimes::DateAxis& axis = *series.axis;
+    if (options.first_case_day && !axis.HasPeriod(TSXDateSpec::Day)) {
+      throw UsageError("--first-case-day: the calendar of " + text::Quoted(series.model_name) +
+                       " (" + axis.name + ") has no days");
+    }
+    const bool numbered = axis.HasPeriod(TSXDateSpec::SimpleSequence);
+    if (options.gaps && numbered && axis.CaseCount() > axis.row_cases.size()) {
+      throw UsageError(
+          "--gaps: running numbers have no gaps; without it, skipped numbers become "
+          "missing values");
+    }
+  }
+}
+
+std::vector<SeriesFit> FitAll(const std::vector<TableSeries>& all, const FitOptions& options,
+                              const Streams& io) {
+  std::vector<SeriesFit> fits(all.size());
+  ProgressBar bar(io.err, io.err_is_terminal, all.size());
+  RunJobs(
+      all.size(), options.jobs,
+      [&](std::size_t i) { fits[i] = FitSeries(all[i].series, options.model); },
+      [&bar] { bar.Advance(); });
+  return fits;
+}
+
+std::string HopelessText(const SeriesFit& fit) {
+  return fit.fault.cause + " (series \"" + text::Printable(fit.series->model_name) + "\")";
+}
+
+// Names the hopeless series. When there are no others, that ends the run.
+int ReportHopeless(const std::string& file, const std::vector<TableSeries>& all,
+                   const std::vector<SeriesFit>& fits, std::ostream& err) {
+  const auto hopeless = std::count_if(fits.begin(), fits.end(), models::IsHopeless);
+  const auto placeOf = [&](std::size_t i) { return PlaceOf(fits[i].fault.where, all[i].places); };
+  if (static_cast<std::size_t>(hopeless) == fits.size()) {
+    const std::string more =
+        hopeless > 1 ? "; none of the " + std::to_string(hopeless) + " series can be fitted" : "";
+    throw InputError(file, placeOf(0), HopelessText(fits.front()) + more);
+  }
+  for (std::size_t i = 0; i < fits.size(); ++i) {
+    if (!IsHopeless(fits[i])) continue;
+    err << "tsxport: " << text::LocatedMessage(file, placeOf(i), HopelessText(fits[i])) << '\n';
+  }
+  return hopeless > 0 ? kExitPartial : kExitOk;
+}
+
+unsigned PlotHorizon(const std::vector<SeriesFit>& fits, const FitOptions& options) {
+  constexpr unsigned kWithoutSeason = 10;
+  constexpr unsigned kMost = 200;
+  if (options.forecast > 0) return options.forecast;
+  unsigned season = 1;
+  for (const SeriesFit& fit : fits) season = std::max(season, fit.season_length);
+  return season > 1 ? std::min(2 * season, kMost) : kWithoutSeason;
+}
+
+std::size_t ModelCount(const std::vector<SeriesFit>& fits) {
+  return fits.size() -
+         static_cast<std::size_t>(std::count_if(fits.begin(), fits.end(), models::IsHopeless));
+}
+
+// What people are told: whole summaries, or a line each where a document tells the rest.
+std::string ReportText(const std::vector<SeriesFit>& fits, const FitOptions& options) {
+  std::string told;
+  for (const SeriesFit& fit : fits) {
+    if (IsHopeless(fit)) continue;
+    if (options.output.empty() && !told.empty()) told += '\n';
+    told += options.output.empty() ? report::SummaryText(fit) : report::SummaryLine(fit);
+  }
+  const std::size_t count = ModelCount(fits);
+  if (!options.output.empty() && options.output != "-") {
+    told +=
+        "wrote " + text::Printable(options.output) + " (" + text::Counted(count, "model") + ")\n";
+  }
+  if (!options.plot.empty()) {
+    told += "wrote " + text::Printable(options.plot);
+    if (count > report::kMostPanels) {
+      told += " (the first " + std::to_string(report::kMostPanels) + " series)";
+    }
+    told += '\n';
+  }
+  return told;
+}
+
+// Everything is made in memory first, then every file beside its target, then all are put in place.
+void WriteAll(const std::vector<SeriesFit>& fits, const FitOptions& options, const Streams& io) {
+  std::string document;
+  if (!options.output.empty()) {
+    document = DocumentText(fits, {.dialect = options.dialect,
+                                   .descriptor = options.descriptor,
+                                   .season_length = options.model.season_length,
+                                   .first_case_day = options.first_case_day});
+  }
+  std::string drawing;
+  if (!options.plot.empty()) drawing = report::PlotText(fits, PlotHorizon(fits, options));
+
+  const bool toFile = !options.output.empty() && options.output != "-";
+  std::optional<SafeFile> modelFile;
+  std::optional<SafeFile> plotFile;
+  if (toFile) modelFile.emplace(options.output, document);
+  if (!options.plot.empty()) plotFile.emplace(options.plot, drawing);
+  if (modelFile) modelFile->Commit();
+  if (plotFile) plotFile->Commit();
+
+  if (options.output == "-") io.out << document;
+  if (options.forecast > 0) io.out << report::ForecastTable(fits, options.forecast);
+  const bool dataOnOutput = options.output == "-" || options.forecast > 0;
+  (dataOnOutput ? io.err : io.out) << ReportText(fits, options);
+  if (!io.out.flush()) throw OutputError("standard output: cannot be written");
+}
+
+// Reads, fits, and only then writes. Returns kExitOk or kExitPartial; the latter after naming the
+// hopeless series on io.err. Throws UsageError, InputError (also when every series is hopeless) and
+// OutputError; the first two before anything is written.
+int RunFit(const FitOptions& options, const Streams& io) {
+  CheckPaths(options);
+  const CsvTable table = ReadCsvFile(options.input);
+  const std::vector<TableSeries> all =
+      ReadSeries(table, {options.columns, options.name, options.gaps});
+  CheckAxes(all, options);
+  CheckSeriesFor(*options.dialect, table.file, all, options.model);
+  const std::vector<SeriesFit> fits = FitAll(all, options, io);
+  const int status = ReportHopeless(table.file, all, fits, io.err);
+  WriteAll(fits, options, io);
+  return status;
+}
 
 class FitInvocation final : public Invocation {
  public:
@@ -17,83 +186,5 @@ class FitInvocation final : public Invocation {
 }  // namespace
 
 std::unique_ptr<Invocation> BeginFit() { return std::make_unique<FitInvocation>(); }
-
-const char kFitIntroduction[] =
-    "Fits exponential smoothing, ARIMA or Croston's method to series of a CSV table.";
-
-const char kFitFooter[] =
-    R"(The table:
-  The first line names the columns. Commas or semicolons separate cells; with
-  semicolons, decimal commas go as well. Cells may stand in double quotes. Empty
-  cells and NA are missing values. The text is UTF-8.
-
-  Times are written 1949-01 (months), 1960-Q1 (quarters), 1871 (years, where all
-  of them have four digits), 1, 2, 3 (running numbers), 2020-02-29 (dates) or
-  2020-02-29 13:45 (with time; seconds and a T in between are fine). They rise
-  from row to row. The calendar is found from them: months, quarters, years,
-  weeks, days, working days, hours, minutes, seconds and steps of several of
-  these. A skipped period is a missing value, unless --gaps is given.
-
-ARIMA:
-  arima(p,d,q)(P,D,Q) has p autoregressive and q moving-average coefficients
-  after d differences; P, D and Q count seasons, which are as long as --season
-  says. Brackets list lags in place of an order: arima([1,3],1,0) has the lags 1
-  and 3, and [1,2] in the second parenthesis means one and two seasons. The
-  second parenthesis may be left out. Orders go up to 100, differences up to 5,
-  lags and delays up to 1000.
-
-  Signs are those of Box and Jenkins: 1 - phi B, 1 - theta B and, for
-  predictors, (omega0 - omega1 B) / (1 - delta1 B). So lead:delay=3,num=1,den=1
-  has omega0, omega1 and delta1, three periods late.
-
-  An additive outlier changes one value, a level outlier all from then on; a
-  transient one dies away, a seasonal-additive one comes back in every season,
-  a trend outlier grows from period to period, and an innovational one goes
-  through the model like the noise. --detect-outliers finds those that are
-  additive, level, transient and innovational.
-
-  auto-arima finds orders: of differences by tests of stationarity and of the
-  season's strength, the others by a stepwise search for the lowest AICc, which
-  is that of exact likelihood whatever the --method of the final fit.
-
-  A fit whose search did not converge is written all the same; its summary says
-  so.
-
-In the document:
-  Months, quarters, weekdays (Sunday), hours and so on count from 0; weeks and
-  days of calendars that start with them count from 0001-01-01, and running
-  numbers in steps. Series with the same calendar and first case share it.
-
-Examples:
-  tsxport fit airpassengers.csv
-      fits all kinds, prints the one with the lowest normalised BIC
-  tsxport fit airpassengers.csv --model winters-multiplicative -o air.xml
-      writes that model
-  tsxport fit airpassengers.csv --forecast 24 --plot air.svg > forecast.csv
-      two years of forecasts, as numbers and as a drawing
-  tsxport fit seatbelts.csv --variable drivers --variable kms -o cars.xml
-      two models in one document
-  tsxport fit sales.csv --id shop --time week --season 52 --jobs 8 -o shops.xml
-      one model for each shop of a long table
-  tsxport fit airpassengers.csv --model 'arima(0,1,1)(0,1,1)' --transform log
-      the airline model
-  tsxport fit seatbelts.csv --variable drivers --model 'arima(1,0,0)(1,0,0)' \
-              --transform log --predictor law --outlier level@1973-11 -o law.xml
-      with a predictor, and a level that changed for good
-  tsxport fit sales.csv --model auto-arima --detect-outliers --forecast 12
-      orders and outliers found
-  tsxport fit parts.csv --id part --model croston -o parts.xml
-      intermittent demand, where most periods are zero
-  tsxport fit airpassengers.csv --format pmml -o air.pmml
-      the model for programs that read PMML
-
-Exit status:
-  0  all done
-  1  an output could not be written, or memory ran out
-  2  the command line or the input is wrong; one line on standard error says
-     where and why, nothing was written, existing files are untouched
-  3  some series could not be fitted; they are named on standard error, and the
-     others were written
-)";
 
 }  // namespace tsx::cli

@@ -1,7 +1,7 @@
 #include "cli/options/ModelMeaning.h"
 
 #include "cli/Errors.h"
-#include "cli/options/ArimaOptions.h"
+#include "cli/options/ArimaTexts.h"
 #include "cli/options/CommandWords.h"
 #include "cli/options/OptionCheck.h"
 #include "cli/options/TransformName.h"

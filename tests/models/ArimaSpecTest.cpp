@@ -3,7 +3,7 @@
 
 #include <tsfcore/MV.h>
 
-#include "cli/options/ArimaOptions.h"
+#include "cli/options/ArimaTexts.h"
 #include "cli/options/CommandWords.h"
 #include "cli/table/SeriesReader.h"
 #include "models/ModelChoice.h"

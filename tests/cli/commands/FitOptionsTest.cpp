@@ -4,7 +4,7 @@
 
 #include "CommandRun.h"
 #include "cli/commands/FitOptions.h"
-#include "cli/options/ArimaOptions.h"
+#include "cli/options/ArimaTexts.h"
 #include "cli/options/Parser.h"
 #include "models/Croston.h"
 #include "models/arima/Arima.h"

@@ -1,4 +1,4 @@
-#include "cli/options/ArimaOptions.h"
+#include "cli/options/ArimaTexts.h"
 
 #include <algorithm>
 #include <numeric>

@@ -1,5 +1,5 @@
-#ifndef TSXPORT_CLI_OPTIONS_ARIMAOPTIONS_H_
-#define TSXPORT_CLI_OPTIONS_ARIMAOPTIONS_H_
+#ifndef TSXPORT_CLI_OPTIONS_ARIMATEXTS_H_
+#define TSXPORT_CLI_OPTIONS_ARIMATEXTS_H_
 
 #include <string>
 #include <string_view>
@@ -31,4 +31,4 @@ models::OutlierRequest ParseOutlier(std::string_view text);
 
 }  // namespace tsx::cli
 
-#endif  // TSXPORT_CLI_OPTIONS_ARIMAOPTIONS_H_
+#endif  // TSXPORT_CLI_OPTIONS_ARIMATEXTS_H_

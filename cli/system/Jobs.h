@@ -1,5 +1,5 @@
-#ifndef TSXPORT_CLI_SYSTEM_FITJOBS_H_
-#define TSXPORT_CLI_SYSTEM_FITJOBS_H_
+#ifndef TSXPORT_CLI_SYSTEM_JOBS_H_
+#define TSXPORT_CLI_SYSTEM_JOBS_H_
 
 #include <cstddef>
 #include <functional>
@@ -17,4 +17,4 @@ void RunJobs(std::size_t count, unsigned threads, const std::function<void(std::
 
 }  // namespace tsx::cli
 
-#endif  // TSXPORT_CLI_SYSTEM_FITJOBS_H_
+#endif  // TSXPORT_CLI_SYSTEM_JOBS_H_

@@ -1,4 +1,4 @@
-#include "cli/system/FitJobs.h"
+#include "cli/system/Jobs.h"
 
 #include <algorithm>
 #include <atomic>

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "cli/options/ArimaArguments.h"
-#include "cli/options/ArimaOptions.h"
+#include "cli/options/ArimaTexts.h"
 #include "models/arima/OutlierTypes.h"
 #include "support/Tables.h"
 

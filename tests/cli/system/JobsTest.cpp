@@ -10,7 +10,7 @@
 #include <thread>
 #include <vector>
 
-#include "cli/system/FitJobs.h"
+#include "cli/system/Jobs.h"
 #include "cli/system/Progress.h"
 
 namespace tsx::cli {
@@ -18,7 +18,7 @@ namespace {
 
 void Nothing() {}
 
-TEST(FitJobs, EachJobIsDoneOnceWhateverTheNumberOfThreads) {
+TEST(Jobs, EachJobIsDoneOnceWhateverTheNumberOfThreads) {
   for (const unsigned threads : {1U, 2U, 7U, 200U}) {
     std::vector<int> counts(100, 0);
     int done = 0;
@@ -29,12 +29,12 @@ TEST(FitJobs, EachJobIsDoneOnceWhateverTheNumberOfThreads) {
   }
 }
 
-TEST(FitJobs, NoJobsAreNoWork) {
+TEST(Jobs, NoJobsAreNoWork) {
   RunJobs(
       0, 4, [](std::size_t) { FAIL(); }, [] { FAIL(); });
 }
 
-TEST(FitJobs, FailureOfTheLowestJobComesOut) {
+TEST(Jobs, FailureOfTheLowestJobComesOut) {
   const auto job = [](std::size_t i) {
     if (i >= 3) throw std::runtime_error(std::to_string(i));
   };
@@ -46,7 +46,7 @@ TEST(FitJobs, FailureOfTheLowestJobComesOut) {
   }
 }
 
-TEST(FitJobs, AfterAFailureNoJobsAreBegun) {
+TEST(Jobs, AfterAFailureNoJobsAreBegun) {
   std::atomic<int> begun{0};
   const auto job = [&begun](std::size_t) {
     ++begun;
