@@ -57,6 +57,23 @@ constexpr const SmoothingKind* FindSmoothingKind(int kind) {
 
 constexpr bool IsSmoothingKind(int kind) { return FindSmoothingKind(kind) != nullptr; }
 
+// The trend and the season of a kind; none for a code that is no kind.
+constexpr Trend TrendOf(int kind) {
+  const SmoothingKind* const facts = FindSmoothingKind(kind);
+  return facts != nullptr ? facts->trend : Trend::kNone;
+}
+constexpr Season SeasonOf(int kind) {
+  const SmoothingKind* const facts = FindSmoothingKind(kind);
+  return facts != nullptr ? facts->season : Season::kNone;
+}
+
+// Whether a state of this code is to have a trend. Nobody knows of a code that is no kind, so its
+// state is asked for one.
+constexpr bool ExpectsTrend(int kind) {
+  const SmoothingKind* const facts = FindSmoothingKind(kind);
+  return facts == nullptr || facts->has_trend();
+}
+
 }  // namespace kinds
 
 #endif  // TSXPORT_KINDS_SMOOTHINGKIND_H_

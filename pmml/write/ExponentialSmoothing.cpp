@@ -2,6 +2,7 @@
 
 #include <tsfcore/MV.h>
 
+#include "kinds/SmoothingKind.h"
 #include "pmml/Tags.h"
 #include "pmml/write/SmoothedState.h"
 #include "xml/NumberList.h"
@@ -57,21 +58,19 @@ void AppendBrownArray(XMLElement& trend, const Walk& walk) {
 }
 
 void FillTrendKind(XMLElement& trend, const Walk& walk) {
-  switch (walk.kind) {
-    case ESModelSpec::kAdditiveWinters:
-    case ESModelSpec::kHolt:
-    case ESModelSpec::kMultiplicativeWinters:
+  switch (kinds::TrendOf(walk.kind)) {
+    case kinds::Trend::kLinear:
       trend.AddAttribute(attr::kTrend, val::kAdditive);
       break;
-    case ESModelSpec::kDampedTrend:
+    case kinds::Trend::kDamped:
       trend.AddAttribute(attr::kTrend, val::kDampedAdditive);
       trend.AddAttribute(attr::kPhi, walk.state.phi);
       break;
-    case ESModelSpec::kBrown:
+    case kinds::Trend::kBrown:
       trend.AddAttribute(attr::kTrend, val::kPolynomialExponential);
       AppendBrownArray(trend, walk);
       break;
-    default:
+    case kinds::Trend::kNone:
       break;
   }
 }
@@ -92,9 +91,10 @@ ElementPtr MakeSeasonality(const Walk& walk, double delta) {
   e->AddAttribute(attr::kPeriod, s.season_length);
   e->AddAttribute(attr::kUnit, val::kMonth);  // whatever the calendar says: the format is so
   if (s.has_season) e->AddAttribute(attr::kPhase, s.phase);
-  if (walk.kind == ESModelSpec::kAdditiveWinters || walk.kind == ESModelSpec::kSimpleSeasonal) {
+  const kinds::Season season = kinds::SeasonOf(walk.kind);
+  if (season == kinds::Season::kAdditive) {
     e->AddAttribute(attr::kType, val::kAdditive);
-  } else if (walk.kind == ESModelSpec::kMultiplicativeWinters) {
+  } else if (season == kinds::Season::kMultiplicative) {
     e->AddAttribute(attr::kType, val::kMultiplicative);
   }
   if (s.has_season) Append(*e, MakeArray(s.season));

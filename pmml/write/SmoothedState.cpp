@@ -5,6 +5,8 @@
 
 #include <tsfcore/MV.h>
 
+#include "kinds/SmoothingKind.h"
+
 namespace tsx::pmml {
 
 namespace {
@@ -21,7 +23,7 @@ double DampingOf(const ESForecastState& state) {
 void MarkPresent(SmoothedState& s, int kind) {
   if (IsMissing(s.level)) return;
   s.has_level = true;
-  if (kind != ESModelSpec::kSimpleSeasonal && kind != ESModelSpec::kSimple) {
+  if (kinds::ExpectsTrend(kind)) {
     s.has_trend = !IsMissing(s.trend);
     if (!s.has_trend) return;
   }

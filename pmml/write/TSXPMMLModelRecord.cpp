@@ -3,11 +3,12 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
-#include <span>
+#include <vector>
 
-#include <tsfcore/ESModelSpec.h>
 #include <tsfcore/MV.h>
 #include <tsfcore/TSStatUtil.h>
+
+#include "kinds/SmoothingKind.h"
 
 namespace tsx::pmml {
 
@@ -18,30 +19,15 @@ using ParmType = TSFESModelProp::TSFESParmType;
 constexpr const char* kStatisticNames[] = {"MSE", "RMSE",   "MAPE",  "MAE",  "MAXAPE", "MAXAE",
                                            "RSQ", "NRMBIC", "LOGLK", "SRSQ", "AIC",    "BIC"};
 
-constexpr ParmType kLevelTrendSeason[] = {TSFESModelProp::kLevel, TSFESModelProp::kTrend,
-                                          TSFESModelProp::kSeason};
-constexpr ParmType kLevelTrendDamping[] = {TSFESModelProp::kLevel, TSFESModelProp::kTrend,
-                                           TSFESModelProp::kDamping};
-constexpr ParmType kLevelSeason[] = {TSFESModelProp::kLevel, TSFESModelProp::kSeason};
-
 // The parameters of a kind in the order of the document; none for a code that is no kind.
-std::span<const ParmType> ParametersOf(int kind) {
-  switch (kind) {
-    case ESModelSpec::kAdditiveWinters:
-    case ESModelSpec::kMultiplicativeWinters:
-      return kLevelTrendSeason;
-    case ESModelSpec::kDampedTrend:
-      return kLevelTrendDamping;
-    case ESModelSpec::kHolt:
-      return std::span(kLevelTrendSeason).first(2);
-    case ESModelSpec::kSimpleSeasonal:
-      return kLevelSeason;
-    case ESModelSpec::kBrown:
-    case ESModelSpec::kSimple:
-      return std::span(kLevelTrendSeason).first(1);
-    default:
-      return {};
-  }
+std::vector<ParmType> ParametersOf(int kind) {
+  const kinds::SmoothingKind* const facts = kinds::FindSmoothingKind(kind);
+  if (facts == nullptr) return {};
+  std::vector<ParmType> types = {TSFESModelProp::kLevel};
+  if (facts->has_trend_weight()) types.push_back(TSFESModelProp::kTrend);
+  if (facts->has_season_weight()) types.push_back(TSFESModelProp::kSeason);
+  if (facts->has_damping_weight()) types.push_back(TSFESModelProp::kDamping);
+  return types;
 }
 
 std::vector<double> ValuesOf(const TSFESModelProp& properties, ParmType type,
@@ -75,11 +61,11 @@ void TSXPMMLModelRecord::Fill(const TSFModel& newModel, const TSXDictionaryRefs&
   ljung_box.degrees_of_freedom = static_cast<double>(degreesOfFreedom);
 
   const TSFESModelProp properties = newModel.GetModelProperties();
-  const std::span<const ParmType> types = ParametersOf(properties.GetKind() - 1);
-  parameter_types.assign(types.begin(), types.end());
+  parameter_types = ParametersOf(properties.GetKind() - 1);
   parameter_values.clear();
   const auto df = static_cast<double>(newModel.GetImp()->GetEstimationInfo().GetDegreesOfFreedom());
-  for (const ParmType type : types) parameter_values.push_back(ValuesOf(properties, type, df));
+  for (const ParmType type : parameter_types)
+    parameter_values.push_back(ValuesOf(properties, type, df));
 
   model = newModel;
   std::copy_n(std::begin(newHistory), std::min(newHistory.size(), history.size()),

@@ -52,6 +52,9 @@ TEST_P(EverySmoothingKind, HasTheTrendAndTheSeasonOfItsEquations) {
   EXPECT_EQ(facts->season, GetParam().season);
   EXPECT_EQ(facts->has_trend(), GetParam().trend != Trend::kNone);
   EXPECT_EQ(facts->has_season(), GetParam().season != Season::kNone);
+  EXPECT_EQ(kinds::TrendOf(GetParam().kind), GetParam().trend);
+  EXPECT_EQ(kinds::SeasonOf(GetParam().kind), GetParam().season);
+  EXPECT_EQ(kinds::ExpectsTrend(GetParam().kind), GetParam().trend != Trend::kNone);
 }
 
 TEST_P(EverySmoothingKind, HasTheWeightsOfItsEquations) {
@@ -75,6 +78,9 @@ TEST(SmoothingKinds, OtherCodesAreNoKind) {
   for (const int code : {-1, ESModelSpec::kSimple + 1, 1000}) {
     EXPECT_EQ(FindSmoothingKind(code), nullptr);
     EXPECT_FALSE(kinds::IsSmoothingKind(code));
+    EXPECT_EQ(kinds::TrendOf(code), Trend::kNone);
+    EXPECT_EQ(kinds::SeasonOf(code), Season::kNone);
+    EXPECT_TRUE(kinds::ExpectsTrend(code)) << "nobody knows that it has none";
   }
 }
 

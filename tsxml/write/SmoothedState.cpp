@@ -1,5 +1,6 @@
 #include "tsxml/write/SmoothedState.h"
 
+#include "kinds/SmoothingKind.h"
 #include "tsxml/Tags.h"
 #include "tsxml/write/MissingValue.h"
 #include "xml/ElementPtr.h"
@@ -10,10 +11,6 @@ namespace tsx {
 namespace {
 
 using TIMESERIESXML::XMLElement;
-
-bool HasTrend(const ESModelSpec& spec) {
-  return spec.GetKind() != ESModelSpec::kSimple && spec.GetKind() != ESModelSpec::kSimpleSeasonal;
-}
 
 void AppendValue(XMLElement& parent, const char* name, double value) {
   ElementPtr e = MakeElement(name);
@@ -33,13 +30,14 @@ void AppendSeason(XMLElement& parent, const ESForecastState::SmState& smoothed) 
 bool AppendSmoothedState(XMLElement& parent, const ESModelSpec& spec,
                          const ESForecastState& state) {
   const ESForecastState::SmState& smoothed = state.GetSmState();
+  const bool hasTrend = kinds::ExpectsTrend(spec.GetKind());
   const bool seasonal = smoothed.season.size() > 1;
   if (IsMissing(smoothed.level)) return false;
-  if (HasTrend(spec) && IsMissing(smoothed.trend)) return false;
+  if (hasTrend && IsMissing(smoothed.trend)) return false;
   if (seasonal && AnyMissing(smoothed.season)) return false;
 
   AppendValue(parent, tag::kStateLevel, smoothed.level);
-  if (HasTrend(spec)) AppendValue(parent, tag::kStateTrend, smoothed.trend);
+  if (hasTrend) AppendValue(parent, tag::kStateTrend, smoothed.trend);
   if (seasonal) AppendSeason(parent, smoothed);
   return true;
 }
