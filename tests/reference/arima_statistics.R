@@ -1,4 +1,4 @@
-# Statistics of ARIMA fits by R's own functions, for tests/core/ArimaStatisticsTest.cpp.
+# Statistics of ARIMA fits by R's own functions, for tests/core/arima/fit/StatisticsTest.cpp.
 #
 #   Rscript arima_statistics.R > arima_statistics.csv
 #

@@ -1,4 +1,4 @@
-# Runs of R's ets at fixed weights, for tests/core/ReferenceTest.cpp.
+# Runs of R's ets at fixed weights, for tests/core/smoothing/ReferenceTest.cpp.
 #
 #   Rscript ets_fixed.R > ets_fixed.csv
 #

@@ -1,4 +1,4 @@
-# Fit statistics of known fits by R's own functions, for tests/core/StatisticsTest.cpp.
+# Fit statistics of known fits by R's own functions, for tests/core/series/StatisticsTest.cpp.
 #
 #   Rscript statistics.R > statistics.csv
 #

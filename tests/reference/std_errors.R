@@ -1,4 +1,4 @@
-# Standard errors of smoothing weights from R's numerical Hessian, for tests/core/FitTest.cpp.
+# Standard errors of smoothing weights from R's numerical Hessian, for tests/core/smoothing/FitTest.cpp.
 #
 #   Rscript std_errors.R > std_errors.csv
 #

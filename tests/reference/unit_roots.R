@@ -1,4 +1,4 @@
-# Tests for orders of differencing on the series of ../data, for tests/core/UnitRootTest.cpp.
+# Tests for orders of differencing on the series of ../data, for tests/core/arima/orders/UnitRootTest.cpp.
 #
 #   Rscript unit_roots.R > unit_roots.csv
 #
