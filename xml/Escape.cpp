@@ -1,7 +1,8 @@
 #include "xml/Escape.h"
 
 #include <array>
-#include <cstring>
+
+#include "xml/PutBytes.h"
 
 namespace tsx {
 namespace {
@@ -79,10 +80,7 @@ std::size_t EscapedSize(const ByteClasses& classes, std::string_view s) {
 }
 
 char* Escape(const ByteClasses& classes, std::string_view s, char* out) {
-  EscapeWith(classes, s, [&](std::string_view piece) {
-    if (!piece.empty()) std::memcpy(out, piece.data(), piece.size());
-    out += piece.size();
-  });
+  EscapeWith(classes, s, [&](std::string_view piece) { out = PutBytes(piece, out); });
   return out;
 }
 

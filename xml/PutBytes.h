@@ -8,7 +8,7 @@ namespace tsx {
 
 // Copies `bytes` to `out`, where there is room, and returns their end.
 inline char* PutBytes(std::string_view bytes, char* out) {
-  if (!bytes.empty()) std::memcpy(out, bytes.data(), bytes.size());  // no bytes may be at null
+  if (!bytes.empty()) std::memcpy(out, bytes.data(), bytes.size());  // an empty view may be null
   return out + bytes.size();
 }
 
