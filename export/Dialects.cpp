@@ -42,12 +42,15 @@ constexpr bool RowsFollowTheFacts() {
 
 static_assert(std::size(kRows) == kDialectCount && RowsFollowTheFacts());
 
+constexpr std::size_t kTimeSeriesXML = PlaceOf("tscxml");
+constexpr std::size_t kPMML = PlaceOf("pmml");
+
 }  // namespace
 
 std::unique_ptr<Dialect> MakeDialect(std::size_t place) { return kRows[place].make(); }
 
-std::size_t PlaceOfTimeSeriesXML() { return PlaceOf("tscxml"); }
-std::size_t PlaceOfPMML() { return PlaceOf("pmml"); }
+std::size_t PlaceOfTimeSeriesXML() { return kTimeSeriesXML; }
+std::size_t PlaceOfPMML() { return kPMML; }
 
 const pmml::TSXPMMLDocument& AsPMML(const Dialect& dialect) {
   return static_cast<const pmml::TSXPMMLDocument&>(dialect);

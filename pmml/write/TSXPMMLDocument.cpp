@@ -26,6 +26,8 @@ namespace {
 
 using TIMESERIESXML::XMLElement;
 
+constexpr const DialectFacts& kFacts = *FindDialect("pmml");
+
 ElementPtr MakeHeader(const std::string& name, const std::string& version) {
   ElementPtr header = MakeElement(tag::kHeader);
   if (name.empty()) return header;
@@ -58,7 +60,7 @@ ElementPtr MakeExtension(const DateSpecView& calendars) {
 
 }  // namespace
 
-TSXPMMLDocument::TSXPMMLDocument() : Dialect(*FindDialect("pmml"), {}) {}
+TSXPMMLDocument::TSXPMMLDocument() : Dialect(kFacts, {}) {}
 
 void TSXPMMLDocument::SeeCalendar(const TSXDateSpec& spec) noexcept {
   time_field_ = TimeFieldOf(spec, time_field_);

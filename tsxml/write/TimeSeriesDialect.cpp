@@ -12,6 +12,8 @@ namespace tsx {
 
 namespace {
 
+constexpr const DialectFacts& kFacts = *FindDialect("tscxml");
+
 // Null when there is nothing to encode.
 ElementPtr MakeCroston(const TSFCrModel& model, const TSXDictionaryRefs& refs) {
   if (model.IsEmpty()) return nullptr;
@@ -32,8 +34,7 @@ ElementPtr MakeModel(const OfferedModel& offer) {
 }  // namespace
 
 TimeSeriesDialect::TimeSeriesDialect()
-    : Dialect(*FindDialect("tscxml"),
-              {.needs_models = true, .lists_bare_models = true, .empties_tree = true}) {}
+    : Dialect(kFacts, {.needs_models = true, .lists_bare_models = true, .empties_tree = true}) {}
 
 void TimeSeriesDialect::Begin(const DocumentFront& front, DocumentSink& out) {
   ElementPtr root = MakeFrame(front.application);
