@@ -39,7 +39,7 @@ struct WritingHabits {
 // models calls Model() as they come, and Begin() and End() around what was kept when all is
 // written; who streams calls the three in a row. So both write the same.
 //
-// A call that throws leaves the dialect as it was.
+// A model that throws leaves the dialect as it was, and a Begin() that throws may be repeated.
 class Dialect {
  public:
   Dialect(const DialectFacts& facts, const WritingHabits& habits)

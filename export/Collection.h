@@ -16,7 +16,8 @@
 namespace tsx {
 
 // What a tree has collected: calendars, and models by dialect. Which dialects there are, and what
-// sets them apart, is their own affair. A call that throws leaves all as it was.
+// sets them apart, is their own affair. A call that throws leaves models, calendars and application
+// as they were.
 class Collection {
  public:
   Collection();
@@ -33,12 +34,14 @@ class Collection {
 
   // Adds a model to the chosen dialect or, where that has no place for it, to the first one. A
   // smoothing or ARIMA model takes the tree along to the first dialect, for good and also when it
-  // is then refused; one of Croston's method leaves the choice alone.
+  // is then refused or this throws; one of Croston's method leaves the choice alone.
   bool Add(const OfferedModel& offer);
+  // The same for a given dialect, without a question of whether it admits the model; the choice
+  // stays.
   bool AddTo(std::size_t place, const OfferedModel& offer);
 
-  // Writes what a dialect has collected; `frame` false is for the dialect to understand. False,
-  // with nothing written, when it has no document without models and there are none.
+  // Writes what a dialect has collected; what is left out when `frame` is false, its habits say.
+  // False, with nothing written, when it has no document without models and there are none.
   bool Write(std::size_t place, std::ostream& out, bool frame);
 
   const DateSpecDictionary& dictionary() const { return dictionary_; }

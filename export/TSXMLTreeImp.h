@@ -14,7 +14,7 @@
 #include "export/Collection.h"
 
 // What the TSXMLTree handles share: a collection, and the names by which its callers know it. A
-// call that throws leaves it as it was.
+// call that throws leaves it as it was, but for PMML, which a model may have switched off.
 class TSXMLTreeImp : public TSRCObject {
  public:
   TSXMLTreeImp();

@@ -15,7 +15,7 @@
 //     <DataDictionary>
 //       <DateSpecification>*                  those that a model refers to
 //     </DataDictionary>
-//     the models, which the tree adds
+//     the models, which are added behind
 //   </TSCXML>
 
 namespace tsx {
