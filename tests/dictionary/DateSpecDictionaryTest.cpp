@@ -1,9 +1,11 @@
 #include <climits>
 #include <gtest/gtest.h>
+#include <new>
 #include <sstream>
 
 #include <tsxport/TSXMLTree.h>
 
+#include "dictionary/DateSpecDictionary.h"
 #include "export/TSXMLTreeImp.h"
 #include "pmml/write/TSXPMMLDocument.h"
 #include "support/Calendars.h"

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 #include <memory>
+#include <new>
 #include <sstream>
 
 #include <tsxport/TSXMLTree.h>
@@ -242,6 +243,22 @@ TEST(Admission, ModelWithoutForecastStateTurnsPMMLOff) {
   imp.SetPMMLOutputFlag(true);
   EXPECT_FALSE(imp.AddModelTree(TSFModel(), Refs()));
   EXPECT_FALSE(imp.GetPMMLOutputFlag());
+}
+
+TEST(Admission, ModelThatMemoryDoesNotSufficeForTurnsPMMLOffAllTheSame) {
+  const TSFModel model = FullArimaModel();
+  const TSXDictionaryRefs refs("m", "", "y", {"x1", "x2"});
+  test::WithEveryAllocationFailing([&] {
+    TSXMLTreeImp imp;
+    imp.SetPMMLOutputFlag(true);
+    try {
+      imp.AddModelTree(model, refs);
+    } catch (const std::bad_alloc&) {
+      const test::AllocationsSucceed look;
+      EXPECT_FALSE(imp.GetPMMLOutputFlag());
+      throw;
+    }
+  });
 }
 
 TEST(Admission, CrostonModelLeavesPMMLOn) {
