@@ -38,7 +38,7 @@ class TSX_EXPORT XMLAttribute : public XMLInterface {
 
  private:
   friend struct tsx::NodeAccess;
-  explicit XMLAttribute(const tsx::NodeText& text) noexcept;
+  inline explicit XMLAttribute(const tsx::NodeText& text) noexcept;
 
   const char* text_;
   std::size_t size_;

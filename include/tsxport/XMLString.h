@@ -28,7 +28,7 @@ class TSX_EXPORT XMLString : public XMLInterface {
 
  private:
   friend struct tsx::NodeAccess;
-  explicit XMLString(const tsx::NodeText& text) noexcept;
+  inline explicit XMLString(const tsx::NodeText& text) noexcept;
 
   const char* text_;
   std::size_t size_;
