@@ -3,13 +3,12 @@
 #include "datespec/PeriodNames.h"
 #include "pmml/Tags.h"
 
-namespace tsx {
+namespace tsx::pmml {
 
 namespace {
 
 const char* KindOf(TSXDateSpec::PeriodType type) {
-  return type >= TSXDateSpec::Cycle && type <= TSXDateSpec::Day ? pmml::val::kDate
-                                                                : pmml::val::kTime;
+  return type >= TSXDateSpec::Cycle && type <= TSXDateSpec::Day ? val::kDate : val::kTime;
 }
 
 }  // namespace
@@ -29,7 +28,7 @@ TimeField TimeFieldOf(const TSXDateSpec& spec, const TimeField& before) noexcept
 
 TimeField OrDefault(const TimeField& field) {
   if (!field.name.empty() && !field.kind.empty()) return field;
-  return {pmml::val::kDefaultTimeName, pmml::val::kDate};
+  return {val::kDefaultTimeName, val::kDate};
 }
 
-}  // namespace tsx
+}  // namespace tsx::pmml

@@ -5,7 +5,7 @@
 
 #include <tsxport/TSXDateSpec.h>
 
-namespace tsx {
+namespace tsx::pmml {
 
 // The time field of a PMML document: the name of a period and its kind, "date" or "time", both of
 // them constants. Empty until a specification with a named period has been registered.
@@ -20,6 +20,6 @@ TimeField TimeFieldOf(const TSXDateSpec& spec, const TimeField& before) noexcept
 // What documents say for `field`: the default, a month, unless name and kind are both there.
 TimeField OrDefault(const TimeField& field);
 
-}  // namespace tsx
+}  // namespace tsx::pmml
 
 #endif  // TSXPORT_PMML_WRITE_TIMEFIELD_H_

@@ -17,6 +17,7 @@
 
 namespace {
 
+using tsx::pmml::TimeField;
 using tsx::pmml::TSXPMMLDocument;
 
 std::string Written(TSXMLTreeImp& imp, bool withDeclaration = true) {
@@ -321,8 +322,8 @@ TEST(PmmlWriterState, EveryModelBringsANewCopyOfTheDictionary) {
 TEST(PmmlWriterState, TimeFieldCountsOnlyWhenNameAndKindAreBothThere) {
   const std::string byDefault = R"(dataType="date" optype="continuous" name="Month")";
   TSXPMMLDocument document;
-  for (const tsx::TimeField& half :
-       {tsx::TimeField{.name = "Hour", .kind = ""}, tsx::TimeField{.name = "", .kind = "time"}}) {
+  for (const TimeField& half :
+       {TimeField{.name = "Hour", .kind = ""}, TimeField{.name = "", .kind = "time"}}) {
     document.SetTimeField(half);
     const std::string text = test::Compact(*document.BuildDocument(nullptr));
     EXPECT_NE(text.find(byDefault), std::string::npos) << text;

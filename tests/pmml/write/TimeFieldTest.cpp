@@ -14,7 +14,7 @@ class TimeFieldOfTree : public testing::Test {
  protected:
   std::string After(const TSXDateSpec& spec) {
     imp_.AddDateSpec(spec, "");
-    const tsx::TimeField& field = imp_.GetPMMLDocument().GetTimeField();
+    const tsx::pmml::TimeField& field = imp_.GetPMMLDocument().GetTimeField();
     return std::string(field.name) + "/" + std::string(field.kind);
   }
   TSXMLTreeImp imp_;

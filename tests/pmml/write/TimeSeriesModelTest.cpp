@@ -12,6 +12,7 @@
 namespace {
 
 using test::kMissing;
+using tsx::pmml::TimeField;
 using tsx::pmml::TSXPMMLModelRecord;
 
 EstimationInfo Info() {
@@ -24,7 +25,7 @@ EstimationInfo Info() {
 }
 
 std::string Encode(const ESForecastState::Fields& state, const std::valarray<double>& history = {},
-                   const tsx::TimeField& time = {}) {
+                   const TimeField& time = {}) {
   const TSXDictionaryRefs refs("m", "d", "y");
   const TSFModel model(new TSFModelImp(
       {.state = std::make_unique<ESForecastState>(state), .info = Info(), .history = history}));
