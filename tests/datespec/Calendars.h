@@ -8,6 +8,7 @@
 #include <tsxport/TSXDateSpec.h>
 
 #include "datespec/Laws.h"
+#include "support/Calendars.h"
 
 // Calendars to test with, and short ways to look at them.
 namespace test {
@@ -45,8 +46,6 @@ inline TSXDateSpec Make(TSXDateSpec::PeriodType base, const std::vector<Added>& 
   return spec;
 }
 
-inline TSXDateSpec Yearly() { return Make(TSXDateSpec::Year); }
-inline TSXDateSpec Monthly() { return Make(TSXDateSpec::Year, {{TSXDateSpec::Month, 12}}); }
 inline TSXDateSpec MonthsInQuarters() {
   return Make(TSXDateSpec::Year, {{TSXDateSpec::Quarter, 4}, {TSXDateSpec::Month, 12}});
 }
