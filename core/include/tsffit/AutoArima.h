@@ -52,12 +52,15 @@
 // neighbours of each have been tried; so it gets past models that are refused. An exhaustive search
 // tries all models up to an order instead.
 //
-// The criterion is AICc = -2 LL + 2 k + 2 k (k + 1) / (n - k - 1) (1), where n is the number of
-// residuals and k the number of coefficients estimated plus one for the error variance (Hurvich,
-// C. M. and Tsai, C.-L. 1989, "Regression and time series model selection in small samples",
-// Biometrika 76, 297-307). It is made of the exact likelihood for every model, whatever `method`
-// says about the final fit, and compares models with the same differences only. Where n is at most
-// 3 the criterion is AIC, without the last term.
+// The criterion is
+//
+//   AICc = -2 LL + 2 k + 2 k (k + 1) / (n - k - 1),                                            (1)
+//
+// where n is the number of residuals and k the number of coefficients estimated plus one for the
+// error variance (Hurvich, C. M. and Tsai, C.-L. 1989, "Regression and time series model selection
+// in small samples", Biometrika 76, 297-307). It is made of the exact likelihood for every model,
+// whatever `method` says about the final fit, and compares models with the same differences only.
+// Where n is at most 3 the criterion is AIC, without the last term.
 //
 // A model is refused when the fit fails, when 3 < n <= k + 1, or when its AR or MA polynomial has a
 // root of modulus below 1.01 (1.001 in the paper; R's package has since moved to 1.01).

@@ -28,21 +28,21 @@ struct Forecasts {
 // On the modelled scale of a smoothing model the forecast h periods ahead is, with L, T, S and the
 // phase of ESForecastState::SmState and phi_h = phi + phi^2 + .. + phi^h (h when the trend is not
 // damped),
-//   q_h = L + phi_h T,  and q_h, q_h + S_h or q_h S_h by the kind's season  (1)
+//   q_h = L + phi_h T,  and q_h, q_h + S_h or q_h S_h by the kind's season                   (1)
 //   (Brown: q_h = L + T (h - 1 + 1 / a)).
 //
 // Standard errors. With v the error variance of the fit and weights a, g, d:
 //   - kinds without a multiplicative season: sqrt(v (1 + c_1^2 + .. + c_{h-1}^2)),
-//     c_j = a + a g phi_j + (1 - a) d [j divisible by the season length]  (2)
+//     c_j = a + a g phi_j + (1 - a) d [j divisible by the season length]                     (2)
 //     Hyndman, Koehler, Ord and Snyder (2008), "Forecasting with exponential smoothing",
 //     equation 6.1 and table 6.1 (class 1).
-//   - Brown: the same with c_j = a (2 - a) + j a^2  (3)
+//   - Brown: the same with c_j = a (2 - a) + j a^2                                           (3)
 //     the psi weights of ARIMA(0,2,2) with the double root 1 - a (Box and Jenkins 1976, "Time
 //     series analysis", section 5.1).
 //   - multiplicative Winters with additive errors of constant variance, to first order in them:
 //     sqrt(v (1 + c_{h,1}^2 + .. + c_{h,h-1}^2)), where an error j periods earlier counts
-//     c_{h,j} = a (1 + j g) S_h / S_{h-j} + (1 - a) d (q_h / q_{h-j}) [j divisible by the length]
-//       (4)
+//     c_{h,j} = a (1 + j g) S_h / S_{h-j}
+//               + (1 - a) d (q_h / q_{h-j}) [j divisible by the length]                      (4)
 //     This is the form of Chatfield and Yar (1991), "Prediction intervals for multiplicative
 //     Holt-Winters", International Journal of Forecasting 7, 31-37, with the ratio of trend lines
 //     kept. Errors beyond the first order are left out.
