@@ -6,34 +6,30 @@
 #include <vector>
 
 #include "series/LjungBox.h"
+#include "series/Observed.h"
 
 namespace tsffit {
 
 namespace {
 
-bool Seen(double value) { return value != MV::gMissingValue; }
-
 double SumOfSquares(std::span<const double> values) {
   double sum = 0;
-  for (const double value : values) sum += Seen(value) ? value * value : 0;
+  for (const double value : values) sum += IsMissing(value) ? 0 : value * value;
   return sum;
-}
-
-double CountSeen(std::span<const double> values) {
-  return static_cast<double>(std::count_if(values.begin(), values.end(), Seen));
 }
 
 // Sum of squared deviations from the mean; exactly 0 for a constant, since it counts from the first
 // value.
 double SumAboutMean(std::span<const double> values) {
-  const auto first = std::find_if(values.begin(), values.end(), Seen);
-  if (first == values.end()) return 0;
-  const double count = CountSeen(values);
+  const std::size_t at = FirstObserved(values);
+  if (at == values.size()) return 0;
+  const double first = values[at];
+  const auto count = static_cast<double>(CountObserved(values));
   double mean = 0;
-  for (const double value : values) mean += Seen(value) ? (value - *first) / count : 0;
+  for (const double value : values) mean += IsMissing(value) ? 0 : (value - first) / count;
   double sum = 0;
   for (const double value : values) {
-    const double deviation = Seen(value) ? value - *first - mean : 0;
+    const double deviation = IsMissing(value) ? 0 : value - first - mean;
     sum += deviation * deviation;
   }
   return sum;
@@ -49,7 +45,8 @@ double ExplainedShare(double residual, double total) {
 std::vector<double> Difference(std::span<const double> values, std::size_t lag) {
   std::vector<double> differences(values.size(), MV::gMissingValue);
   for (std::size_t t = lag; t < values.size(); ++t) {
-    if (Seen(values[t]) && Seen(values[t - lag])) differences[t] = values[t] - values[t - lag];
+    if (IsMissing(values[t]) || IsMissing(values[t - lag])) continue;
+    differences[t] = values[t] - values[t - lag];
   }
   return differences;
 }
@@ -62,10 +59,10 @@ double StationaryRSquared(const FittedSeries& fit, const Differencing& differenc
   }
   double residual = 0;
   for (std::size_t t = 0; t < w.size(); ++t) {
-    if (!Seen(fit.modelled_errors[t])) w[t] = MV::gMissingValue;
-    if (Seen(w[t])) residual += fit.modelled_errors[t] * fit.modelled_errors[t];
+    if (IsMissing(fit.modelled_errors[t])) w[t] = MV::gMissingValue;
+    if (!IsMissing(w[t])) residual += fit.modelled_errors[t] * fit.modelled_errors[t];
   }
-  return CountSeen(w) > 1 ? ExplainedShare(residual, SumAboutMean(w)) : MV::gMissingValue;
+  return CountObserved(w) > 1 ? ExplainedShare(residual, SumAboutMean(w)) : MV::gMissingValue;
 }
 
 // Sums and extremes of absolute errors.
@@ -89,7 +86,7 @@ void AddErrorMeasures(const FittedSeries& fit, double freedom,
   ErrorSizes percent;
   for (std::size_t t = 0; t < fit.observed.size(); ++t) {
     const double y = fit.observed[t];
-    if (!Seen(y)) continue;
+    if (IsMissing(y)) continue;
     const double e = std::abs(y - fit.fitted[t]);
     errors.Take(e);
     if (y != 0) percent.Take(100 * std::abs(e / y));
@@ -107,7 +104,7 @@ void AddErrorMeasures(const FittedSeries& fit, double freedom,
 // The statistics that stand on logarithms of sums of squares.
 void AddCriteria(double sse, double n, double k, EstimationInfo::Statistics& statistics) {
   const double mse = statistics[BFSharedConst::kMeanSqrErr];
-  if (Seen(mse) && mse > 0) {
+  if (!IsMissing(mse) && mse > 0) {
     statistics[BFSharedConst::kNormBayesIC] = std::log(mse) + k * std::log(n) / n;
   }
   if (!(sse > 0) || !std::isfinite(sse)) return;
@@ -122,7 +119,8 @@ void AddCriteria(double sse, double n, double k, EstimationInfo::Statistics& sta
 EstimationInfo::Fields FitStatistics(const FittedSeries& fit, unsigned estimated,
                                      const Differencing& differencing, unsigned ljungBoxLags) {
   EstimationInfo::Fields info;
-  const double n = CountSeen(fit.observed) - static_cast<double>(fit.spent);
+  const double n =
+      static_cast<double>(CountObserved(fit.observed)) - static_cast<double>(fit.spent);
   const double k = estimated;
   const double sse = SumOfSquares(fit.modelled_errors);
   info.degrees_of_freedom = static_cast<std::uint64_t>(n) - estimated;

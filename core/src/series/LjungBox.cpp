@@ -5,22 +5,22 @@
 #include <cmath>
 #include <vector>
 
+#include "series/Observed.h"
+
 namespace tsffit {
 
 namespace {
 
-bool Seen(double e) { return e != MV::gMissingValue; }
-
 // Deviations from the mean, of length 1 together, 0 where missing. Empty when they are all 0:
 // counted from the first error, so that equal errors leave exactly nothing.
 std::vector<double> Standardised(std::span<const double> errors, double n) {
-  const double first = *std::find_if(errors.begin(), errors.end(), Seen);
+  const double first = errors[FirstObserved(errors)];
   double mean = 0;
-  for (const double e : errors) mean += Seen(e) ? (e - first) / n : 0;
+  for (const double e : errors) mean += IsMissing(e) ? 0 : (e - first) / n;
   std::vector<double> deviations;
   double largest = 0;
   for (const double e : errors) {
-    deviations.push_back(Seen(e) ? e - first - mean : 0);
+    deviations.push_back(IsMissing(e) ? 0 : e - first - mean);
     largest = std::max(largest, std::abs(deviations.back()));
   }
   if (!(largest > 0) || !std::isfinite(largest)) return {};
@@ -36,8 +36,7 @@ std::vector<double> Standardised(std::span<const double> errors, double n) {
 EstimationInfo::LjungBox LjungBoxTest(std::span<const double> errors, unsigned lags,
                                       unsigned estimated) {
   EstimationInfo::LjungBox test;
-  double n = 0;
-  for (const double e : errors) n += Seen(e) ? 1 : 0;
+  const auto n = static_cast<double>(CountObserved(errors));
   if (lags == 0 || n <= lags) return test;
   const std::vector<double> x = Standardised(errors, n);
   if (x.empty()) return test;

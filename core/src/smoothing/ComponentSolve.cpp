@@ -123,7 +123,7 @@ VectorXd GaussNewtonStep(const SmoothingProblem& problem, std::span<const double
     const double s = kSeason == Season::kNone ? 0 : c.season[position];
     if (!OneStep::Allows(q, s)) return {};
     Line<kTrend>(g, d);
-    if (y == MV::gMissingValue) {
+    if (IsMissing(y)) {
       d.level = d.line;
       OneStep::Pass(c, g, q);
     } else {

@@ -58,7 +58,7 @@ double SmoothingProblem::Sse(std::span<const double> parameters) {
   double sse = 0;
   const auto addSquare = [&](std::size_t t, double forecast) {
     const double y = series_[t];
-    if (y != MV::gMissingValue) sse += (y - forecast) * (y - forecast);
+    if (!IsMissing(y)) sse += (y - forecast) * (y - forecast);
   };
   const bool inside = ForShape(traits_, [&]<bool kTrend, Season kSeason>() {
     return Walk<kTrend, kSeason>(series_, GainsAt(parameters), components_, addSquare);
@@ -85,7 +85,7 @@ double SmoothingProblem::Forward(const Gains& gains) {
       now.per_line = 1 / q;
       now.per_season = 1 / s;
     }
-    if (y == MV::gMissingValue) {
+    if (IsMissing(y)) {
       OneStep::Pass(c, gains, q);
     } else {
       now.error = y - OneStep::Forecast(q, s);
@@ -145,7 +145,7 @@ SmoothingProblem::Bars SmoothingProblem::Backward(const Gains& gains) {
   for (std::size_t t = series_.size(); t-- > 0;) {
     if (kSeason != Season::kNone) position = (position == 0 ? season_length_ : position) - 1;
     double& seasonBar = kSeason == Season::kNone ? none : season_bar_[position];
-    Unstep<kTrend, kSeason>(gains, path_[t], series_[t] != MV::gMissingValue, seasonBar, bars);
+    Unstep<kTrend, kSeason>(gains, path_[t], !IsMissing(series_[t]), seasonBar, bars);
   }
   return bars;
 }

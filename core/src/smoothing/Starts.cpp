@@ -31,7 +31,7 @@ double CentredMean(std::span<const double> series, std::size_t t, std::size_t le
   double sum = 0;
   double count = 0;
   for (std::size_t i = t - half; i <= t + half; ++i) {
-    if (series[i] == MV::gMissingValue) continue;
+    if (IsMissing(series[i])) continue;
     const bool end = length % 2 == 0 && (i == t - half || i == t + half);
     sum += (end ? 0.5 : 1.0) * series[i];
     count += end ? 0.5 : 1.0;
@@ -51,7 +51,7 @@ std::vector<double> SeasonalValues(std::span<const double> series, std::size_t l
   std::vector<double> count(length, 0.0);
   for (std::size_t t = 0; t < series.size(); ++t) {
     const double mean = CentredMean(series, t, length);
-    if (series[t] == MV::gMissingValue || mean == MV::gMissingValue) continue;
+    if (IsMissing(series[t]) || IsMissing(mean)) continue;
     sum[t % length] += Without(series[t], mean, season);
     count[t % length] += 1;
   }
@@ -71,7 +71,7 @@ void FitLine(const SmoothingProblem& problem, Components& start) {
   const std::size_t cases = std::min(series.size(), std::max<std::size_t>(2 * length, 10));
   const auto each = [&](auto&& use) {
     for (std::size_t t = 0; t < cases; ++t) {
-      if (series[t] == MV::gMissingValue) continue;
+      if (IsMissing(series[t])) continue;
       const double y = season == Season::kNone
                            ? series[t]
                            : Without(series[t], start.season[t % length], season);

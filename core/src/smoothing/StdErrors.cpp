@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "series/Observed.h"
+
 namespace tsffit {
 
 namespace {
@@ -86,9 +88,7 @@ std::vector<Index> Bending(const MatrixXd& curvature, double most) {
 }
 
 double ErrorVariance(SmoothingProblem& problem, const std::vector<double>& parameters) {
-  const std::span<const double> series = problem.Series();
-  const auto missing = std::count(series.begin(), series.end(), MV::gMissingValue);
-  const auto observed = series.size() - static_cast<std::size_t>(missing);
+  const std::size_t observed = CountObserved(problem.Series());
   return problem.Sse(parameters) / static_cast<double>(observed - problem.WeightCount());
 }
 

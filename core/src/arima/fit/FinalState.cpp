@@ -13,6 +13,7 @@
 #include "arima/filter/StateSpace.h"
 #include "arima/fit/GappyRun.h"
 #include "arima/model/Effects.h"
+#include "series/Observed.h"
 
 namespace tsffit {
 
@@ -27,7 +28,7 @@ std::valarray<double> Tail(const std::vector<double>& values, std::size_t count,
   std::valarray<double> tail(count);
   for (std::size_t i = 0; i < count; ++i) {
     const double value = values[values.size() - count + i];
-    tail[i] = value == MV::gMissingValue ? value : value * unit;
+    tail[i] = IsMissing(value) ? value : value * unit;
   }
   return tail;
 }
@@ -71,7 +72,7 @@ Noise NoiseOf(const Likelihood& likelihood, const Evaluation& solution, const Ar
   for (Eigen::Index row = 0; row < noise.size(); ++row) {
     const std::size_t t = design.First() + static_cast<std::size_t>(row);
     const double prediction = replay.predictions[t];
-    const double error = prediction == MV::gMissingValue ? 0 : design.Data().series[t] - prediction;
+    const double error = IsMissing(prediction) ? 0 : design.Data().series[t] - prediction;
     result.actual.push_back(noise[row]);
     result.predicted.push_back(noise[row] - error);
   }
@@ -97,8 +98,7 @@ std::unique_ptr<ForecastState> KalmanState(const Likelihood& likelihood, const E
     covariance = std::move(run.covariance);
   }
   // The last values of Z are part of the state only where one of them had to be estimated.
-  if (std::find(std::begin(common.actual_z), std::end(common.actual_z), MV::gMissingValue) ==
-      std::end(common.actual_z)) {
+  if (std::none_of(std::begin(common.actual_z), std::end(common.actual_z), IsMissing)) {
     const auto length = static_cast<Eigen::Index>(arma.StateLength());
     state = state.head(length).eval();
     covariance = covariance.topLeftCorner(length, length).eval();

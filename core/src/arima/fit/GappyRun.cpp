@@ -3,10 +3,9 @@
 #include <algorithm>
 #include <vector>
 
-#include <tsfcore/MV.h>
-
 #include "arima/filter/StateSpace.h"
 #include "arima/model/Effects.h"
+#include "series/Observed.h"
 
 namespace tsffit {
 
@@ -32,11 +31,11 @@ GappyRun RunWithGaps(const Likelihood& likelihood, const Evaluation& solution) {
   Eigen::MatrixXd lags = Eigen::MatrixXd::Zero(known.size(), 1 + diffuse);
   Eigen::Index next = 0;
   for (Eigen::Index k = 0; k < known.size(); ++k) {
-    if (known[k] != MV::gMissingValue) {
-      lags(k, 0) = known[k];
-    } else {
+    if (IsMissing(known[k])) {
       lags(k, 0) = solution.diffuse[next];
       lags(k, ++next) = 1;
+    } else {
+      lags(k, 0) = known[k];
     }
   }
   Eigen::MatrixXd columns = Eigen::MatrixXd::Zero(effect.size(), 1 + diffuse);

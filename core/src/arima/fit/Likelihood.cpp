@@ -12,6 +12,7 @@
 #include "arima/filter/StateSpace.h"
 #include "arima/fit/OrdinaryPoint.h"
 #include "arima/model/Effects.h"
+#include "series/Observed.h"
 
 namespace tsffit {
 
@@ -37,7 +38,7 @@ Eigen::MatrixXd DiffuseLags(const Eigen::VectorXd& lags) {
   Eigen::MatrixXd columns = Eigen::MatrixXd::Zero(lags.size(), 1 + missing);
   Eigen::Index next = 1;
   for (Eigen::Index k = 0; k < lags.size(); ++k) {
-    if (lags[k] == MV::gMissingValue) {
+    if (IsMissing(lags[k])) {
       columns(k, next++) = -1;
     } else {
       columns(k, 0) = lags[k];

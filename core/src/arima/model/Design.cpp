@@ -5,9 +5,8 @@
 #include <limits>
 #include <utility>
 
-#include <tsfcore/MV.h>
-
 #include "arima/model/Effects.h"
+#include "series/Observed.h"
 
 namespace tsffit {
 
@@ -93,7 +92,7 @@ Design::Design(const AMModelSpec& spec, ArimaData data)
   }
 
   for (std::size_t t = first_ - Degree(difference_); t < data_.series.size(); ++t) {
-    const bool missing = data_.series[t] == MV::gMissingValue;
+    const bool missing = IsMissing(data_.series[t]);
     if (t >= first_) missing_rows_.push_back(missing);
     if (missing) missing_cases_.push_back(t);
   }
@@ -183,7 +182,7 @@ void Design::AddOutlier(unsigned j, std::span<const double> parameters, Eigen::M
 Eigen::VectorXd Design::Differenced() const {
   std::vector<double> z = data_.series;
   for (std::size_t t = 1; t < z.size(); ++t) {
-    if (z[t] == MV::gMissingValue) z[t] = z[t - 1];
+    if (IsMissing(z[t])) z[t] = z[t - 1];
   }
   const std::vector<double> w = tsffit::Differenced(difference_, z);
   return Eigen::Map<const Eigen::VectorXd>(w.data() + first_, static_cast<Eigen::Index>(Rows()));

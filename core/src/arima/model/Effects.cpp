@@ -4,11 +4,11 @@
 #include <cmath>
 #include <limits>
 
-#include <tsfcore/MV.h>
+#include "series/Observed.h"
 
 namespace tsffit {
 
-double ValueOrZero(double value) { return value == MV::gMissingValue ? 0 : value; }
+double ValueOrZero(double value) { return IsMissing(value) ? 0 : value; }
 
 namespace {
 

@@ -5,11 +5,10 @@
 #include <initializer_list>
 #include <utility>
 
-#include <tsfcore/MV.h>
-
 #include "arima/fit/Likelihood.h"
 #include "arima/fit/Search.h"
 #include "arima/model/Effects.h"
+#include "series/Observed.h"
 
 namespace tsffit {
 
@@ -62,7 +61,7 @@ JointFit Fitted(const OutlierModel& model) {
 
 bool JointFits::Sees(std::size_t at) const {
   const AMModelSpec spec(spec_);
-  return at + DifferenceDegree(spec) >= FirstPeriod(spec) && data_.series[at] != MV::gMissingValue;
+  return at + DifferenceDegree(spec) >= FirstPeriod(spec) && !IsMissing(data_.series[at]);
 }
 
 OutlierModel JointFits::ModelWith(const std::vector<FoundOutlier>& outliers) const {
@@ -87,7 +86,7 @@ std::vector<FoundOutlier> JointFits::WithDecays(std::vector<FoundOutlier> outlie
     const bool transient = outlier.type == TSOutlierSpec::kTransient;
     if (transient || outlier.type == TSOutlierSpec::kInnovational) {
       const unsigned size = model.spec.GetOutlierParmIndex() + list.ParameterVectorIndex(j++, 0);
-      if (transient && fit.parameters[size] == MV::gMissingValue) continue;
+      if (transient && IsMissing(fit.parameters[size])) continue;
       if (transient) outlier.decay = fit.parameters[size + 1];
     }
     fitted.push_back(outlier);
