@@ -3,16 +3,13 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
+#include "core/support/Close.h"
 #include "math/Autocovariance.h"
 
 namespace tsffit {
 namespace {
 
-void ExpectClose(const std::vector<double>& actual, const std::vector<double>& expected,
-                 double tolerance = 1e-14) {
-  ASSERT_EQ(actual.size(), expected.size());
-  for (std::size_t i = 0; i < actual.size(); ++i) EXPECT_NEAR(actual[i], expected[i], tolerance);
-}
+using test::ExpectClose;
 
 TEST(Autocovariance, OfTheFirstOrder) {
   for (const double phi : {0.5, -0.9, 0.999, 0.99999}) {

@@ -2,7 +2,10 @@
 
 #include <cmath>
 #include <gtest/gtest.h>
+#include <limits>
+#include <span>
 #include <stdexcept>
+#include <vector>
 
 #include "math/Descent.h"
 #include "math/Lbfgs.h"

@@ -2,16 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include "core/support/Close.h"
 #include "math/Polynomial.h"
 
 namespace tsffit {
 namespace {
 
-void ExpectClose(const std::vector<double>& actual, const std::vector<double>& expected,
-                 double tolerance = 1e-14) {
-  ASSERT_EQ(actual.size(), expected.size());
-  for (std::size_t i = 0; i < actual.size(); ++i) EXPECT_NEAR(actual[i], expected[i], tolerance);
-}
+using test::ExpectClose;
 
 TEST(Polynomial, FactorHasMinusItsCoefficientsAtItsLags) {
   ExpectClose(Minus(1, {1, 3}, std::vector{0.5, -0.2}), {1, -0.5, 0, 0.2});

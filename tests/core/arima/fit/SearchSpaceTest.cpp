@@ -3,16 +3,13 @@
 #include <gtest/gtest.h>
 
 #include "arima/fit/SearchSpace.h"
+#include "core/support/Close.h"
 #include "math/Polynomial.h"
 
 namespace tsffit {
 namespace {
 
-void ExpectClose(const std::vector<double>& actual, const std::vector<double>& expected,
-                 double tolerance = 1e-14) {
-  ASSERT_EQ(actual.size(), expected.size());
-  for (std::size_t i = 0; i < actual.size(); ++i) EXPECT_NEAR(actual[i], expected[i], tolerance);
-}
+using test::ExpectClose;
 
 TEST(PartialAutocorrelations, OfTheSecondOrder) {
   // phi_22 = r_2, phi_21 = r_1 (1 - r_2)
