@@ -1,7 +1,7 @@
 #ifndef TSXPORT_MODELS_REFUSAL_H_
 #define TSXPORT_MODELS_REFUSAL_H_
 
-#include <tsffit/Smoothing.h>
+#include <tsffit/FitStatus.h>
 
 #include "models/Fault.h"
 #include "models/Series.h"

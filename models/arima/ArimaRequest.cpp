@@ -22,8 +22,9 @@ std::string SeasonalPart(const ArimaRequest& request, const HostWords& words) {
     if (IsSeasonal(predictor)) return "the predictor " + text::Quoted(predictor.column);
   }
   for (const OutlierRequest& outlier : request.outliers) {
-    if (outlier.type == TSOutlierSpec::kSeasonalAdditive)
+    if (outlier.type == TSOutlierSpec::kSeasonalAdditive) {
       return "the outlier " + text::Quoted(outlier.text);
+    }
   }
   return "";
 }

@@ -87,8 +87,9 @@ std::string ArimaTitle(const AMModelSpec& spec) {
         std::to_string(season);
   }
   const int function = spec.GetYTransformSpec().GetFunctionType();
-  if (function != TSTransformation::kNone)
+  if (function != TSTransformation::kNone) {
     title += std::string(" of the ") + WordsOf(function).name;
+  }
   bool constant = false;
   spec.GetMeanYPresent(constant);
   return title + (constant ? " with a constant" : "");
