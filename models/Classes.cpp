@@ -32,11 +32,11 @@ const ModelClass& ClassOf(const KindInfo& kind) {
   throw std::logic_error("internal error: a kind of no class");
 }
 
-const KindInfo* FindKind(std::string_view option) {
-  if (option.empty()) return nullptr;
+const KindInfo* FindKind(std::string_view name) {
+  if (name.empty()) return nullptr;
   for (const ModelClass* one : kClasses) {
     for (const KindInfo& kind : one->Kinds()) {
-      if (kind.option == option) return &kind;
+      if (kind.name == name) return &kind;
     }
   }
   return nullptr;

@@ -15,8 +15,8 @@ std::span<const ModelClass* const> Classes();
 // The class that a kind is of. `kind` is one of its Kinds().
 const ModelClass& ClassOf(const KindInfo& kind);
 
-// The kind with this option name; null when there is none.
-const KindInfo* FindKind(std::string_view option);
+// The kind of that name; null when there is none.
+const KindInfo* FindKind(std::string_view name);
 
 // As ModelClass::SeasonalPart, of the kind asked for; empty where one is to be chosen.
 std::string SeasonalPart(const ModelRequest& request);

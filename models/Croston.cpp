@@ -58,7 +58,7 @@ class CrostonModel final : public FittedModel {
     const ZeroCount count = CountZeros(series_);
     const std::size_t demands = count.cases - count.zeros;
     Description rows;
-    rows.name = kKind.option;
+    rows.name = kKind.name;
     rows.title = kKind.title;
     rows.function_type =
         model.GetForecastState(0).GetESModelSpec().GetYTransformSpec().GetFunctionType();

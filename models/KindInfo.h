@@ -6,9 +6,9 @@ namespace tsx::models {
 // A kind of model as hosts name it. What tells the kinds of smoothing apart beyond that is in
 // kinds/SmoothingKind.h.
 struct KindInfo {
-  int kind;            // tells the kinds of its class apart: ESModelSpec::Kind of smoothing
-  const char* option;  // "winters-additive"; empty where a name alone is not enough
-  const char* title;   // for people
+  int kind;           // tells the kinds of its class apart: ESModelSpec::Kind of smoothing
+  const char* name;   // "winters-additive"; empty where it takes more to ask for the kind
+  const char* title;  // for people
 };
 
 }  // namespace tsx::models

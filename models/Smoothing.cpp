@@ -62,7 +62,7 @@ class SmoothingModel final : public FittedModel {
 
   Description Describe() const override {
     Description rows;
-    rows.name = kind_.option;
+    rows.name = kind_.name;
     rows.title = kind_.title;
     if (FactsOf(kind_).has_season()) rows.season_length = season_length_;
     rows.function_type = State().GetESModelSpec().GetYTransformSpec().GetFunctionType();
@@ -107,7 +107,7 @@ std::span<const KindInfo> SmoothingClass::Kinds() const { return kKinds; }
 
 std::string SmoothingClass::SeasonalPart(const KindInfo& kind,
                                          const ModelRequest& /*request*/) const {
-  return FactsOf(kind).has_season() ? kind.option : "";
+  return FactsOf(kind).has_season() ? kind.name : "";
 }
 
 bool SmoothingClass::IsCompared(const KindInfo& kind, const ModelRequest& request) const {

@@ -25,8 +25,7 @@ std::string PerfectText(std::size_t kinds) {
 
 std::string CriterionText(const models::Choice& choice) {
   return "lowest normalised BIC of " + std::to_string(choice.kinds) + " kinds, " +
-         BicText(choice.bic) + "; next " + choice.next->option + " with " +
-         BicText(choice.next_bic);
+         BicText(choice.bic) + "; next " + choice.next->name + " with " + BicText(choice.next_bic);
 }
 
 }  // namespace

@@ -46,9 +46,9 @@ void CheckClaim(const DialectFacts& dialect, const std::string& file, const Tabl
 void CheckKind(const DialectFacts& dialect, const models::KindInfo& kind) {
   const DialectContent content = models::ClassOf(kind).Content();
   if (dialect.Holds(content)) return;
-  const std::string option = kind.option;
-  throw UsageError(option.empty() ? "--model: " + LackText(dialect, content, kind.title)
-                                  : "--model " + option + ": " + LackText(dialect, content, "it"));
+  const std::string name = kind.name;
+  throw UsageError(name.empty() ? "--model: " + LackText(dialect, content, kind.title)
+                                : "--model " + name + ": " + LackText(dialect, content, "it"));
 }
 
 }  // namespace

@@ -54,7 +54,7 @@ std::vector<OptionChoice> ModelChoices() {
   std::vector<OptionChoice> choices = {{kAuto}};
   for (const models::ModelClass* one : models::Classes()) {
     for (const models::KindInfo& kind : one->Kinds()) {
-      if (*kind.option != '\0') choices.push_back({kind.option});
+      if (*kind.name != '\0') choices.push_back({kind.name});
     }
   }
   choices.push_back({.text = "arima(p,d,q)", .is_pattern = true});

@@ -11,8 +11,8 @@ TEST(Classes, EveryKindIsFoundByItsNameAndIsOfItsClass) {
     ASSERT_FALSE(one->Kinds().empty());
     for (const KindInfo& kind : one->Kinds()) {
       EXPECT_EQ(&ClassOf(kind), one) << kind.title;
-      const std::string option = kind.option;
-      EXPECT_EQ(FindKind(option), option.empty() ? nullptr : &kind) << kind.title;
+      const std::string name = kind.name;
+      EXPECT_EQ(FindKind(name), name.empty() ? nullptr : &kind) << kind.title;
     }
   }
 }

@@ -51,7 +51,7 @@ ModelRequest ForCommand(const char* kind) {
 std::vector<std::string> Tried(const SeriesFit& fitted) {
   std::vector<std::string> names;
   for (const Candidate& candidate : fitted.candidates) {
-    if (candidate.fitted) names.push_back(candidate.kind->option);
+    if (candidate.fitted) names.push_back(candidate.kind->name);
   }
   return names;
 }
@@ -70,7 +70,7 @@ TEST(ModelChoice, LowestNormalisedBicWins) {
   const SeriesFit fitted = FitSeries(series.series, {});
   for (const Candidate& candidate : fitted.candidates) {
     EXPECT_GE(candidate.bic, fitted.model->Estimation().GetGOFStat(BFSharedConst::kNormBayesIC))
-        << candidate.kind->option;
+        << candidate.kind->name;
   }
 }
 
@@ -106,7 +106,7 @@ TEST(ModelChoice, PerfectFitsRankFirstAndTheSimplestOfThemWins) {
   const TableSeries series = Monthly(std::vector<double>(40, 5));
   const SeriesFit fitted = FitSeries(series.series, {});
   ASSERT_NE(fitted.kind, nullptr);
-  EXPECT_STREQ(fitted.kind->option, "simple");
+  EXPECT_STREQ(fitted.kind->name, "simple");
   EXPECT_EQ(report::ChoiceText(fitted.choice),
             "fits without error, the simplest of 7 kinds to do so");
 }
@@ -164,7 +164,7 @@ TEST(Intermittent, NegativeCasesSpeakAgainstIt) {
 TEST(Intermittent, ThereIsNoDemandWhereAllIsZero) {
   const TableSeries series = Monthly(WithZeros(10));
   EXPECT_FALSE(CountZeros(series.series).intermittent);
-  EXPECT_STREQ(FitSeries(series.series, {}).kind->option, "simple");
+  EXPECT_STREQ(FitSeries(series.series, {}).kind->name, "simple");
 }
 
 TEST(Intermittent, GetsCrostonsMethodWithoutAComparison) {
