@@ -166,6 +166,15 @@ TEST(CalendarTimes, CasesAreAtTheirVeryTimesOnly) {
   EXPECT_EQ(times->OffsetOfTick(737410), -1);
 }
 
+// In seconds such ticks would go round the 64 bits, and this one come out at 2020-01-06.
+TEST(CalendarTimes, TicksTooLargeToCountAreNoCases) {
+  const std::int64_t tick = 737429 + (std::int64_t{1} << 57);
+  const TSXDateSpec days = Spec(TSXDateSpec::Day, {}, {737429});
+  EXPECT_EQ(CalendarTimes::Of(days)->CaseOfTick(737429), 0);
+  EXPECT_EQ(CalendarTimes::Of(days)->CaseOfTick(tick), std::nullopt);
+  EXPECT_FALSE(CalendarTimes::StartingAt(tick, days, {.form = {TimeUnit::kDay}}));
+}
+
 TEST(CalendarTimes, BeforeTheFirstCaseThereAreOffsets) {
   const auto days = CalendarTimes::Of(WorkingDays(105347, 1));
   EXPECT_EQ(days->TickOfOffset(-1), 737426);  // Friday

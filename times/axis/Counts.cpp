@@ -1,12 +1,16 @@
 #include "times/axis/Counts.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace tsxtimes {
 namespace {
 
 constexpr std::int64_t kMonthsPerYear = 12;
 constexpr std::int64_t kMonthsPerQuarter = 3;
+
+// Whatever a tick counts, its seconds or months fit 64 bits up to here.
+constexpr std::int64_t kLastTick = std::numeric_limits<std::int64_t>::max() / kSecondsPerDay;
 
 // Dates that stand for months.
 std::optional<std::int64_t> MonthOfDate(const TimeAnchor& anchor, std::int64_t day,
@@ -101,6 +105,7 @@ bool Suits(CountKind kind, TimeUnit unit) {
 
 std::optional<std::int64_t> CountOfTick(CountKind kind, const TimeAnchor& anchor,
                                         std::int64_t tick) {
+  if (tick > kLastTick) return std::nullopt;
   if (kind == CountKind::kMonths) return MonthOfTick(anchor, tick);
   const bool days = kind == CountKind::kSeconds && anchor.form.unit == TimeUnit::kDay;
   return days ? tick * kSecondsPerDay : tick;

@@ -23,7 +23,8 @@ std::int64_t SpanOf(TSXDateSpec::PeriodType type);
 // Whether times of this unit can be told by such counts.
 bool Suits(CountKind kind, TimeUnit unit);
 
-// The count at a tick; empty for a date that stands for no month, as the anchor has it.
+// The count at a tick; empty for a date that stands for no month, as the anchor has it, and for a
+// tick so far off that its count might not fit 64 bits.
 std::optional<std::int64_t> CountOfTick(CountKind kind, const TimeAnchor& anchor,
                                         std::int64_t tick);
 std::int64_t TickOfCount(CountKind kind, const TimeAnchor& anchor, std::int64_t count);
