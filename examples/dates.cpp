@@ -17,7 +17,8 @@ std::vector<std::int64_t> TicksOf(const std::vector<std::string>& texts) {
   for (const std::string& text : texts) {
     const tsxtimes::ParsedTime time = tsxtimes::ParseTime(text);
     if (!time.value) {
-      std::cerr << text << ", at " << time.place << ": " << time.impossible << '\n';
+      const std::string cause = time.impossible.empty() ? "no time" : time.impossible;
+      std::cerr << text << ", at " << time.place << ": " << cause << '\n';
       return {};
     }
     ticks.push_back(time.value->tick);
