@@ -5,6 +5,16 @@
 namespace tsx::text {
 namespace {
 
+TEST(Trimmed, LosesBlanksAndTabsAtBothEnds) {
+  EXPECT_EQ(Trimmed(" \t a b\t"), "a b");
+  EXPECT_EQ(Trimmed(" \t "), "");
+  EXPECT_EQ(Trimmed("a\n"), "a\n");
+}
+
+TEST(AsciiLowercase, LeavesOtherAlphabetsAlone) {
+  EXPECT_EQ(AsciiLowercase("DaTe \xC3\x84"), "date \xC3\x84");
+}
+
 TEST(Joined, KeepsEmptyParts) { EXPECT_EQ(Joined({"", "a", ""}, ","), ",a,"); }
 
 TEST(Counted, OneIsAlone) {
