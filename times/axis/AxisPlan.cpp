@@ -24,8 +24,11 @@ std::string Rhythm(std::int64_t step, const char* single, const char* plural) {
   return step == 1 ? single : "every " + std::to_string(step) + " " + plural;
 }
 
-// `step` in ticks.
-bool IsTooWide(std::int64_t step) { return step > 4'000'000'000; }
+// `step` in ticks. Increments have 32 bits.
+bool IsTooWide(std::int64_t step) {
+  constexpr std::int64_t kLongestStep = 4'000'000'000;
+  return step > kLongestStep;
+}
 
 void PlanSequence(AxisPlan& plan, const Ticks& ticks) {
   const std::int64_t step = StepOf(ticks);
