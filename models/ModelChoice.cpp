@@ -120,6 +120,7 @@ SeriesFit FitSeries(const Series& series, const ModelRequest& request) {
   if (fit.fault) return fit;
 
   request.kind != nullptr ? Take(*request.kind, task, fit) : Choose(task, fit);
+  // Simple smoothing goes with every series, so there is always a kind that was tried.
   if (IsHopeless(fit)) fit.fault = fit.candidates.front().refusal;
   return fit;
 }

@@ -25,12 +25,21 @@ TSXDictionaryRefs RefsOf(const models::Series& series, const std::string& descri
   return {series.model_name, descriptor, series.variable, predictors};
 }
 
+// A tree writes time-series XML, or PMML where it is told to; there is no call for any other.
+void ChooseDialect(TSXMLTree& tree, const DialectFacts& dialect) {
+  const bool pmml = &dialect == FindDialect("pmml");
+  if (!pmml && &dialect != FindDialect("tscxml")) {
+    throw std::logic_error(std::string("internal error: no way to write ") + dialect.name);
+  }
+  tree.SetPMMLOutput(pmml);
+}
+
 }  // namespace
 
 std::string DocumentText(const std::vector<models::SeriesFit>& fits,
                          const DocumentOptions& options) {
   TSXMLTree tree;
-  tree.SetPMMLOutput(options.dialect == FindDialect("pmml"));
+  ChooseDialect(tree, *options.dialect);
   tree.SetApplication("tsxport", TSXPORT_VERSION);
   for (const models::SeriesFit& fit : fits) {
     if (IsHopeless(fit)) continue;

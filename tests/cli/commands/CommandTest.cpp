@@ -2,10 +2,12 @@
 #include <csignal>
 #include <gtest/gtest.h>
 #include <pugixml.hpp>
+#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
 
+#include <tsxport/DialectFacts.h>
 #include <tsxtimes/TimeValue.h>
 
 #include "CommandLine.h"
@@ -193,6 +195,19 @@ TEST(Croston, StandsBesideSmoothingInOneDocument) {
 }
 
 // A constant series is fitted without error by a level that learns nothing.
+TEST(Format, EveryDialectIsWrittenWithARootOfItsOwn) {
+  const Sandbox box;
+  box.PutData("nile.csv");
+  std::set<std::string> roots;
+  for (const tsx::DialectFacts& dialect : tsx::kDialects) {
+    const Outcome outcome =
+        box.Run("fit nile.csv --model simple -o - --format " + std::string(dialect.name));
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    roots.insert(Parsed(outcome.out).document_element().name());
+  }
+  EXPECT_EQ(roots.size(), std::size(tsx::kDialects));
+}
+
 TEST(Pmml, DocumentIsTheOneWorkedByHand) {
   const Sandbox box;
   box.Put("sales.csv", "date,sold\n2000-01,5\n2000-02,5\n2000-03,5\n2000-04,5\n");
