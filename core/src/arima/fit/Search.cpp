@@ -30,7 +30,7 @@ constexpr double kSame = 1e-3;
 // solutions stay more than 1e-5 below the best, with 50 steps one more. Two rounds confirm all but
 // one solution in 460; what counts as nothing may be 1e-9 or 1e-5.
 constexpr Effort kPolish = {.gain = 1e-10, .steps = 200};
-constexpr int kRestarts = 5;
+constexpr int kRounds = 5;
 constexpr double kNothingGained = 1e-7;
 
 // The coordinate from which a partial autocorrelation counts as taken to 1: that of 0.9993. From 5
@@ -55,7 +55,7 @@ void Screen(Target& target, std::vector<Candidate>& candidates) {
 
 // Whether a search begun anew gained nothing in the end.
 bool Polish(Target& target, Candidate& candidate) {
-  for (int round = 0; round < kRestarts; ++round) {
+  for (int round = 0; round < kRounds; ++round) {
     const double before = candidate.value;
     candidate.value = target.Minimise(kPolish, candidate.point);
     if (before - candidate.value < kNothingGained) return true;

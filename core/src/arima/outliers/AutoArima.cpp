@@ -42,8 +42,10 @@ TSOutlierSpecList OutliersOf(const TSFModel& model) {
 
 // Looks for outliers in the model that `search` found, for the model again beside them, and for
 // outliers in that one; the last fit goes into `found`.
-void DetectOutliers(std::span<const double> series, std::span<const std::vector<double>> predictors,
-                    const AutoArimaOptions& options, ArimaOptions& model, AutoArimaFit& found) {
+void SearchAroundOutliers(std::span<const double> series,
+                          std::span<const std::vector<double>> predictors,
+                          const AutoArimaOptions& options, ArimaOptions& model,
+                          AutoArimaFit& found) {
   found.fit = FitArimaDetectingOutliers(series, predictors, model, options.outlier_search);
   if (found.fit.status != FitStatus::kOk) return;
   const TSOutlierSpecList outliers = OutliersOf(found.fit.model);
@@ -70,7 +72,7 @@ void DetectBearableOutliers(std::span<const double> series,
                             AutoArimaFit& found) {
   ArimaOptions modelBefore = model;
   AutoArimaFit before = found;
-  DetectOutliers(series, predictors, options, model, found);
+  SearchAroundOutliers(series, predictors, options, model, found);
   if (found.fit.status != FitStatus::kOk || std::isfinite(found.aicc)) return;
   before.models_tried = found.models_tried;
   model = std::move(modelBefore);
