@@ -108,7 +108,8 @@ std::optional<Claim> CrostonClass::FindClaim(const Series& series) const {
   if (!count.intermittent) return std::nullopt;
   return Claim{&kKind, "intermittent demand",
                std::to_string(count.zeros) + " of " + std::to_string(count.cases) +
-                   " cases are zero and none is negative"};
+                   " cases are zero and none is negative",
+               "not compared with smoothing"};
 }
 
 }  // namespace tsx::models

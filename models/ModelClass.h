@@ -61,8 +61,9 @@ struct Fitting {
 // That a series is one for a class, before any fit.
 struct Claim {
   const KindInfo* kind = nullptr;
-  std::string name;      // "intermittent demand"
-  std::string evidence;  // "67 of 120 cases are zero and none is negative"
+  std::string name;          // "intermittent demand"
+  std::string evidence;      // "67 of 120 cases are zero and none is negative"
+  const char* instead = "";  // what was not done for it: "not compared with smoothing"
 };
 
 class ModelClass {

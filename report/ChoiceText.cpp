@@ -36,7 +36,7 @@ std::string ChoiceText(const models::Choice& choice) {
     case Reason::kAskedFor:
       return "";
     case Reason::kClaimed:
-      return choice.claim.name + ": " + choice.claim.evidence + "; not compared with smoothing";
+      return choice.claim.name + ": " + choice.claim.evidence + "; " + choice.claim.instead;
     case Reason::kSearched:
       return SearchText(choice.search);
     case Reason::kAlone:

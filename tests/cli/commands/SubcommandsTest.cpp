@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cctype>
 #include <gtest/gtest.h>
 #include <set>
@@ -37,6 +38,15 @@ TEST(Subcommands, EachHasAnEntryOnTheMainPage) {
 TEST(Subcommands, NamesAreTakenOnce) {
   std::set<std::string> names;
   for (const Subcommand& one : Subcommands()) EXPECT_TRUE(names.insert(one.text.name).second);
+}
+
+TEST(Subcommands, EachSaysHowToAskForItsPage) {
+  for (const Subcommand& one : Subcommands()) {
+    const Rows rows = RowsOf(one);
+    EXPECT_TRUE(std::any_of(rows.begin(), rows.end(), [](const OptionRow* row) {
+      return row->shape == OptionShape::kHelp;
+    })) << one.text.name;
+  }
 }
 
 TEST(SubcommandOptions, NoNameStandsInTwoRows) {
