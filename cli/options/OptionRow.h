@@ -25,6 +25,24 @@ struct OptionChoice {
   bool is_pattern = false;  // its letters in parentheses stand for numbers: "arima(p,d,q)"
 };
 
+// Where the choices of a row come from, a function; empty where there are none. That there is one
+// is kept beside it, since under UBSan g++ 12 takes no function's address for a constant that is
+// not null, and rows are checked while they are compiled.
+class OptionChoices {
+ public:
+  constexpr OptionChoices() = default;
+  template <typename List>
+  // NOLINTNEXTLINE(google-explicit-constructor): rows read `.choices = List`
+  constexpr OptionChoices(List list) : list_(list), is_there_(true) {}
+
+  constexpr explicit operator bool() const { return is_there_; }
+  std::vector<OptionChoice> operator()() const { return list_(); }
+
+ private:
+  std::vector<OptionChoice> (*list_)() = nullptr;
+  bool is_there_ = false;
+};
+
 struct OptionRow {
   OptionShape shape = OptionShape::kFlag;
   const char* name = "";        // "--output"; of an argument what stands for it: "SERIES.csv"
@@ -34,9 +52,9 @@ struct OptionRow {
   const char* help = "";        // sentences; wrapped where they are shown
 
   // How the value is checked; by none of these where a text of its own is read from it.
-  std::vector<OptionChoice> (*choices)() = nullptr;  // it is one of them
-  unsigned most = 0;                                 // it is a whole number from 1 to this one
-  bool clean = false;                                // it is UTF-8 without control characters
+  OptionChoices choices{};  // it is one of them
+  unsigned most = 0;        // it is a whole number from 1 to this one
+  bool clean = false;       // it is UTF-8 without control characters
 
   bool may_be_empty = false;
 };

@@ -87,7 +87,7 @@ constexpr bool IsSound(const OptionRow& row) {
   const bool isArgument = row.shape == OptionShape::kArgument;
   const bool takesValue = row.shape == OptionShape::kValue || row.shape == OptionShape::kRepeated;
   const bool hasDashes = row.name[0] == '-' && row.name[1] == '-';
-  const int checks = int{row.choices != nullptr} + int{row.most != 0} + int{row.clean};
+  const int checks = int{bool{row.choices}} + int{row.most != 0} + int{row.clean};
   return says(row.name) && says(row.help) && hasDashes != isArgument &&
          says(row.group) != isArgument && says(row.value_name) == takesValue &&
          checks <= int{takesValue};

@@ -108,7 +108,7 @@ TEST(SubcommandOptions, EveryGroupIsOnTheHelpPageOnce) {
 TEST(SubcommandOptions, EveryChoiceIsToldOnTheHelpPage) {
   for (const Subcommand& one : Subcommands()) {
     for (const OptionRow* row : RowsOf(one)) {
-      if (row->choices == nullptr) continue;
+      if (!row->choices) continue;
       for (const OptionChoice& choice : row->choices()) {
         EXPECT_NE(std::string(row->help).find(choice.text), std::string::npos) << choice.text;
       }
@@ -143,7 +143,7 @@ constexpr char kNoFile[] = "/nonexistent/x.csv: cannot be read: No such file or 
 TEST(SubcommandOptions, EveryChoiceIsTaken) {
   for (const Subcommand& one : Subcommands()) {
     for (const OptionRow* row : RowsOf(one)) {
-      if (row->choices == nullptr) continue;
+      if (!row->choices) continue;
       for (const OptionChoice& choice : row->choices()) {
         EXPECT_EQ(RefusalOf(one, *row, Typed(choice)), kNoFile);
       }
@@ -154,7 +154,7 @@ TEST(SubcommandOptions, EveryChoiceIsTaken) {
 TEST(SubcommandOptions, OtherValuesThanTheChoicesAreRefusedWithThem) {
   for (const Subcommand& one : Subcommands()) {
     for (const OptionRow* row : RowsOf(one)) {
-      if (row->choices == nullptr) continue;
+      if (!row->choices) continue;
       const std::string refusal = RefusalOf(one, *row, "no-such");
       EXPECT_TRUE(refusal.starts_with(std::string(row->name) + ": 'no-such' is none of "))
           << refusal;
